@@ -1,0 +1,42 @@
+# The two commands of the README:
+#   make demo   builds the Linux program and runs the letter example
+#   make test   installs what is missing, builds both targets, runs every test
+.PHONY: demo test deps linux linux-asan windows unit asan-unit windows-unit e2e bench fuzz clean
+
+JOBS ?= $(shell nproc)
+
+demo: linux
+	./build/linux/scrivolt
+
+deps:
+	./scripts/install_dependencies.sh
+
+linux:
+	cmake --preset linux >/dev/null
+	cmake --build build/linux -j $(JOBS)
+
+linux-asan:
+	cmake --preset linux-asan >/dev/null
+	cmake --build build/linux-asan -j $(JOBS)
+
+windows:
+	cmake --preset windows >/dev/null
+	cmake --build build/windows -j $(JOBS)
+
+unit: linux
+	./build/linux/tests/scrivolt_tests --gtest_brief=1
+
+asan-unit: linux-asan
+	./build/linux-asan/tests/scrivolt_tests --gtest_brief=1
+
+windows-unit: windows
+	./scripts/test_windows.sh build/windows
+
+test: deps
+	$(MAKE) unit
+	$(MAKE) asan-unit
+	$(MAKE) windows-unit
+	@echo "All tests passed."
+
+clean:
+	rm -rf build

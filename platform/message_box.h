@@ -1,0 +1,13 @@
+// Modal message boxes without owner window. On POSIX they are written to
+// standard error as the title on one line and the text below it.
+#pragma once
+
+#include "text/wide_string.h"
+
+namespace NScrivolt::Platform {
+
+enum class MessageBoxIcon { None, Warning, Error };
+
+void ShowMessageBox(WStringView text, WStringView title, MessageBoxIcon icon);
+
+}  // namespace NScrivolt::Platform

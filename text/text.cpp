@@ -1,0 +1,82 @@
+#include "text/text.h"
+
+#include <vector>
+
+namespace NScrivolt {
+
+namespace {
+
+constexpr int kFirstLoadBuffer = 256;
+
+// Loads from one module; false when it does not have the message.
+bool LoadFromModule(ModuleHandle module, std::uint32_t id, WString& text) {
+  if (module == nullptr) return false;
+  std::vector<WChar> buffer(kFirstLoadBuffer);
+  for (;;) {
+    const int size = int(buffer.size());
+    const int loaded = Platform::LoadStringResource(module, id, buffer.data(), size);
+    if (loaded <= 0) return false;
+    if (loaded < size - 1) {
+      text.assign(buffer.data(), size_t(loaded));
+      return true;
+    }
+    buffer.resize(buffer.size() * 2);  // the text may have been cut: try again with more room
+  }
+}
+
+}  // namespace
+
+WString CText::Load(std::uint32_t id, const CResourceModule& module, const WChar* defaultText) {
+  WString text;
+  if (LoadFromModule(module.Primary(), id, text)) return text;
+  if (LoadFromModule(module.Fallback(), id, text)) return text;
+  return defaultText != nullptr ? WString(defaultText) : WString();
+}
+
+CText::CText(std::uint32_t id, const WChar* defaultText)
+    : text_(Load(id, *GetCurrentResourceModule(), defaultText)) {}
+
+CText::CText(std::uint32_t id, const CResourceModule& module, const WChar* defaultText)
+    : text_(Load(id, module, defaultText)) {}
+
+CText::CText(const WChar* text) : text_(text != nullptr ? text : u"") {}
+
+CText::CText(WString text) : text_(std::move(text)) {}
+
+CText& CText::operator=(const WChar* text) {
+  text_ = text != nullptr ? text : u"";
+  return *this;
+}
+
+CText& CText::operator=(WString text) {
+  text_ = std::move(text);
+  return *this;
+}
+
+CText& CText::operator+=(WStringView text) {
+  text_.append(text);
+  return *this;
+}
+
+CText& CText::operator+=(const CText& text) { return *this += WStringView(text.text_); }
+
+CText& CText::Replace(WStringView placeholder, WStringView value, bool firstOnly) {
+  if (placeholder.empty()) return *this;
+  size_t position = 0;
+  while ((position = text_.find(placeholder, position)) != WString::npos) {
+    text_.replace(position, placeholder.size(), value);
+    position += value.size();
+    if (firstOnly) break;
+  }
+  return *this;
+}
+
+CText& CText::Replace(WStringView placeholder, const CText& value, bool firstOnly) {
+  return Replace(placeholder, WStringView(value.text_), firstOnly);
+}
+
+CText& CText::Replace(WStringView placeholder, std::int32_t value, bool firstOnly) {
+  return Replace(placeholder, WStringView(IntegerToText(value)), firstOnly);
+}
+
+}  // namespace NScrivolt

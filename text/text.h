@@ -1,0 +1,53 @@
+// CText: a wide message text, loaded from the string table by id, with named
+// placeholders such as "[FILEPATH]" filled by Replace.
+#pragma once
+
+#include <cstdint>
+
+#include "text/message_ids.h"
+#include "text/resource_module.h"
+#include "text/wide_string.h"
+
+namespace NScrivolt {
+
+class CText {
+ public:
+  CText() = default;
+  // Loads message `id` through the current resource module; when neither of
+  // its modules has it, the text is `defaultText` (empty for null).
+  explicit CText(std::uint32_t id, const WChar* defaultText = nullptr);
+  CText(std::uint32_t id, const CResourceModule& module, const WChar* defaultText = nullptr);
+  CText(const WChar* text);  // null gives the empty text
+  CText(WString text);
+  CText(const CText&) = default;
+  CText(CText&&) = default;
+  CText& operator=(const CText&) = default;
+  CText& operator=(CText&&) = default;
+  CText& operator=(const WChar* text);
+  CText& operator=(WString text);
+  virtual ~CText() = default;
+
+  CText& operator+=(WStringView text);
+  CText& operator+=(const CText& text);
+
+  const WChar* c_str() const { return text_.c_str(); }
+  const WString& str() const { return text_; }
+  operator const WString&() const { return text_; }
+  bool empty() const { return text_.empty(); }
+
+  // Replaces `placeholder` by `value`, searching on behind each inserted value
+  // so a value holding the placeholder is not expanded again. With firstOnly
+  // only the first occurrence is replaced. A missing placeholder changes nothing.
+  CText& Replace(WStringView placeholder, WStringView value, bool firstOnly = true);
+  CText& Replace(WStringView placeholder, const CText& value, bool firstOnly = true);
+  CText& Replace(WStringView placeholder, std::int32_t value, bool firstOnly = true);
+
+  // Loads by the rules of a resource module: the primary module with a buffer
+  // of 256 units, doubled while a load fills it; then the fallback; then the default.
+  static WString Load(std::uint32_t id, const CResourceModule& module, const WChar* defaultText);
+
+ private:
+  WString text_;
+};
+
+}  // namespace NScrivolt
