@@ -35,27 +35,29 @@ EncodingInfo WithMark(EncodingType type, bool found) {
 }
 
 // Code units as byte pairs; the order of the two bytes is the only difference
-// between the two UTF-16 forms.
-void AppendUtf16(WStringView text, bool bigEndian, std::string& bytes) {
+// between the two UTF-16 forms. The order is a template argument so that the
+// loops have fixed shifts and compile to block moves.
+template <bool kBigEndian>
+void AppendUtf16(WStringView text, std::string& bytes) {
+  constexpr int kFirst = kBigEndian ? 8 : 0;
+  constexpr int kSecond = kBigEndian ? 0 : 8;
   const size_t start = bytes.size();
   bytes.resize(start + 2 * text.size());
-  char* out = &bytes[0] + start;
-  const int first = bigEndian ? 8 : 0;
-  const int second = bigEndian ? 0 : 8;
-  for (const WChar unit : text) {
-    *out++ = char((unit >> first) & 0xFF);
-    *out++ = char((unit >> second) & 0xFF);
+  auto* out = reinterpret_cast<unsigned char*>(&bytes[0] + start);
+  for (size_t i = 0; i < text.size(); ++i) {
+    out[2 * i] = static_cast<unsigned char>(text[i] >> kFirst);
+    out[2 * i + 1] = static_cast<unsigned char>(text[i] >> kSecond);
   }
 }
 
-WString Utf16ToWide(std::string_view bytes, bool bigEndian) {
+template <bool kBigEndian>
+WString Utf16ToWide(std::string_view bytes) {
+  constexpr int kFirst = kBigEndian ? 8 : 0;
+  constexpr int kSecond = kBigEndian ? 0 : 8;
   WString text(bytes.size() / 2, WChar(0));
   const auto* in = reinterpret_cast<const unsigned char*>(bytes.data());
-  const int first = bigEndian ? 8 : 0;
-  const int second = bigEndian ? 0 : 8;
-  for (WChar& unit : text) {
-    unit = WChar((in[0] << first) | (in[1] << second));
-    in += 2;
+  for (size_t i = 0; i < text.size(); ++i) {
+    text[i] = WChar((in[2 * i] << kFirst) | (in[2 * i + 1] << kSecond));
   }
   return text;
 }
@@ -119,8 +121,10 @@ EncodeResult EncodeText(WStringView text, EncodingType type, bool bom) {
       result.ok = Platform::EncodeUtf8(text, result.bytes);
       break;
     case EncodingType::Utf16:
+      AppendUtf16<false>(text, result.bytes);
+      break;
     case EncodingType::Utf16Be:
-      AppendUtf16(text, type == EncodingType::Utf16Be, result.bytes);
+      AppendUtf16<true>(text, result.bytes);
       break;
   }
   if (!result.ok) result.bytes.clear();
@@ -147,8 +151,10 @@ DecodeResult DecodeBytes(std::string_view bytes, EncodingType type, std::uint32_
       result.ok = Platform::DecodeUtf8(bytes, result.text);
       break;
     case EncodingType::Utf16:
+      result.text = Utf16ToWide<false>(bytes);
+      break;
     case EncodingType::Utf16Be:
-      result.text = Utf16ToWide(bytes, type == EncodingType::Utf16Be);
+      result.text = Utf16ToWide<true>(bytes);
       break;
   }
   if (!result.ok) result.text.clear();

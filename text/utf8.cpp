@@ -90,43 +90,44 @@ bool Decode(std::string_view bytes, WString& text, bool strict) {
   return true;
 }
 
-bool IsHighSurrogate(unsigned long unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
-bool IsLowSurrogate(unsigned long unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
+bool IsHighSurrogate(WChar unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
+bool IsLowSurrogate(WChar unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
+bool IsSurrogate(WChar unit) { return unit >= 0xD800 && unit <= 0xDFFF; }
 
-// The code point starting at text[i]; `units` becomes 1 or 2. A lone surrogate
-// gives U+FFFD and sets `lone`.
-unsigned long CodePointAt(WStringView text, size_t i, size_t& units, bool& lone) {
-  const unsigned long unit = text[i];
-  units = 1;
-  lone = false;
-  if (IsHighSurrogate(unit) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
-    units = 2;
-    return 0x10000 + ((unit - 0xD800) << 10) + (text[i + 1] - 0xDC00);
-  }
-  if (unit >= 0xD800 && unit <= 0xDFFF) {
-    lone = true;
-    return kReplacementChar;
-  }
-  return unit;
+bool StartsPair(WStringView text, size_t i) {
+  return IsHighSurrogate(text[i]) && i + 1 < text.size() && IsLowSurrogate(text[i + 1]);
 }
 
-size_t EncodedLength(unsigned long cp) { return cp < 0x80 ? 1 : cp < 0x800 ? 2 : cp < 0x10000 ? 3 : 4; }
+bool IsAsciiBlock(const WChar* units) {
+  std::uint64_t block;
+  std::memcpy(&block, units, 8);
+  return (block & kNonAsciiBitsOfEachUnit) == 0;
+}
 
+// Bytes per unit: 1 below U+0080, 2 below U+0800, else 3; a surrogate pair
+// takes 4 together, a lone surrogate 3 (it becomes U+FFFD).
 size_t Utf8Length(WStringView text) {
   size_t length = 0;
-  for (size_t i = 0; i < text.size();) {
-    size_t units;
-    bool lone;
-    length += EncodedLength(CodePointAt(text, i, units, lone));
-    i += units;
+  size_t i = 0;
+  while (i < text.size()) {
+    if (text.size() - i >= 4 && IsAsciiBlock(&text[i])) {
+      length += 4;
+      i += 4;
+      continue;
+    }
+    const WChar unit = text[i];
+    length += unit < 0x80 ? 1 : unit < 0x800 ? 2 : 3;
+    if (StartsPair(text, i)) {
+      ++length;
+      ++i;
+    }
+    ++i;
   }
   return length;
 }
 
 char* PutUtf8(char* out, unsigned long cp) {
-  if (cp < 0x80) {
-    *out++ = char(cp);
-  } else if (cp < 0x800) {
+  if (cp < 0x800) {
     *out++ = char(0xC0 | (cp >> 6));
     *out++ = char(0x80 | (cp & 0x3F));
   } else if (cp < 0x10000) {
@@ -144,10 +145,7 @@ char* PutUtf8(char* out, unsigned long cp) {
 
 // Copies the ASCII run at text[i...] and returns the index where it stopped.
 size_t NarrowAsciiRun(WStringView text, size_t i, char*& out) {
-  while (text.size() - i >= 4) {
-    std::uint64_t block;
-    std::memcpy(&block, text.data() + i, 8);
-    if (block & kNonAsciiBitsOfEachUnit) break;
+  while (text.size() - i >= 4 && IsAsciiBlock(&text[i])) {
     for (int k = 0; k < 4; ++k) out[k] = char(text[i + k]);
     i += 4;
     out += 4;
@@ -180,11 +178,15 @@ void AppendUtf8(WStringView text, std::string& bytes, bool* replaced) {
   for (size_t i = 0; i < text.size();) {
     i = NarrowAsciiRun(text, i, out);
     if (i == text.size()) break;
-    size_t units;
-    bool lone;
-    out = PutUtf8(out, CodePointAt(text, i, units, lone));
-    anyReplaced |= lone;
-    i += units;
+    const WChar unit = text[i];
+    if (StartsPair(text, i)) {
+      out = PutUtf8(out, 0x10000 + ((unit - 0xD800ul) << 10) + (text[i + 1] - 0xDC00ul));
+      i += 2;
+      continue;
+    }
+    anyReplaced |= IsSurrogate(unit);
+    out = PutUtf8(out, IsSurrogate(unit) ? kReplacementChar : unit);
+    ++i;
   }
   if (replaced) *replaced = anyReplaced;
 }

@@ -24,7 +24,8 @@ bool DecodeWith(UINT codePage, DWORD flags, std::string_view bytes, WString& tex
   if (bytes.size() > size_t(INT_MAX)) return false;
   const int byteCount = int(bytes.size());
   text.assign(bytes.size(), u'\0');
-  int length = MultiByteToWideChar(codePage, flags, bytes.data(), byteCount, AsWin(&text[0]), int(text.size()));
+  int length =
+      MultiByteToWideChar(codePage, flags, bytes.data(), byteCount, AsWin(&text[0]), int(text.size()));
   if (length == 0 && GetLastError() == ERROR_INSUFFICIENT_BUFFER) {
     length = MultiByteToWideChar(codePage, flags, bytes.data(), byteCount, nullptr, 0);
     if (length > 0) {

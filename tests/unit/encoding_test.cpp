@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "ansi_samples.h"
-#include "scratch_folder.h"
 #include "text/encoding.h"
 #include "text/utf8.h"
+#include "unit/ansi_samples.h"
+#include "unit/hex.h"
 
 namespace NScrivolt {
 namespace {
