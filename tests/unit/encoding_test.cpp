@@ -125,15 +125,6 @@ TEST(EncodeText, MarksByteOrdersAndNewlinesAsTheyAre) {
   }
 }
 
-TEST(EncodeText, DescriptorFormTakesTypeAndMark) {
-  EncodingInfo info;
-  info.type = Type::Utf16Be;
-  info.bom = true;
-  EXPECT_EQ(Hex(EncodeText(u"A", info).bytes), "FE FF 00 41");
-  info.bom = false;
-  EXPECT_EQ(Hex(EncodeText(u"A", info).bytes), "00 41");
-}
-
 TEST(EncodeText, UnknownTypeFailsWithoutBytes) {
   const EncodeResult result = EncodeText(u"A", kUntouched, true);
   EXPECT_FALSE(result.ok);
@@ -173,15 +164,6 @@ TEST(DecodeBytes, EmptyDataIsEmptyTextInEveryType) {
     EXPECT_TRUE(result.ok) << number;
     EXPECT_TRUE(result.text.empty()) << number;
   }
-}
-
-TEST(DecodeBytes, DescriptorFormSkipsItsMarkLength) {
-  EncodingInfo info;
-  info.type = Type::Utf8;
-  info.bomLength = 3;
-  EXPECT_EQ(DecodeBytes("\xEF\xBB\xBFok", info).text, u"ok");
-  info.bomLength = 0;
-  EXPECT_EQ(DecodeBytes("\xEF\xBB\xBFok", info).text, u"\uFEFFok");
 }
 
 // Every Unicode form gives back exactly what it was given, NUL and all.
