@@ -127,7 +127,7 @@ EncodeResult EncodeText(WStringView text, EncodingType type, bool bom) {
       AppendUtf16<true>(text, result.bytes);
       break;
   }
-  if (!result.ok) result.bytes.clear();
+  if (!result.ok) std::string().swap(result.bytes);
   return result;
 }
 
@@ -157,7 +157,7 @@ DecodeResult DecodeBytes(std::string_view bytes, EncodingType type, std::uint32_
       result.text = Utf16ToWide<true>(bytes);
       break;
   }
-  if (!result.ok) result.text.clear();
+  if (!result.ok) WString().swap(result.text);
   return result;
 }
 

@@ -62,7 +62,9 @@ const unsigned char* CopyAsciiRun(const unsigned char* in, const unsigned char* 
   return in;
 }
 
-// The text never has more units than the bytes, so it is sized once up front.
+// The text never has more units than the bytes, so it is sized once up front;
+// when mostly multi-byte sequences leave more than half of it unused, it is
+// given back.
 bool Decode(std::string_view bytes, WString& text, bool strict) {
   text.assign(bytes.size(), WChar(0));
   const auto* begin = reinterpret_cast<const unsigned char*>(bytes.data());
@@ -77,7 +79,7 @@ bool Decode(std::string_view bytes, WString& text, bool strict) {
     const long cp = DecodeOne(bytes, size_t(in - begin), length);
     if (cp < 0) {
       if (strict) {
-        text.clear();
+        WString().swap(text);
         return false;
       }
       *out++ = kReplacementChar;
@@ -87,6 +89,7 @@ bool Decode(std::string_view bytes, WString& text, bool strict) {
     in += length;
   }
   text.resize(size_t(out - first));
+  if (text.size() < bytes.size() / 2) text.shrink_to_fit();
   return true;
 }
 
