@@ -62,6 +62,25 @@ const unsigned char* CopyAsciiRun(const unsigned char* in, const unsigned char* 
   return in;
 }
 
+bool IsContinuation(unsigned char byte) { return (byte & 0xC0) == 0x80; }
+
+// The two- and three-byte forms of the Basic Multilingual Plane, well formed,
+// decoded in line; 0 for anything else, which DecodeOne then handles.
+size_t DecodeCommon(const unsigned char* in, const unsigned char* end, WChar& unit) {
+  const unsigned lead = in[0];
+  if (lead >= 0xC2 && lead <= 0xDF && end - in >= 2 && IsContinuation(in[1])) {
+    unit = WChar(((lead & 0x1F) << 6) | (in[1] & 0x3F));
+    return 2;
+  }
+  if (lead >= 0xE0 && lead <= 0xEF && end - in >= 3 && IsContinuation(in[1]) && IsContinuation(in[2])) {
+    const unsigned cp = ((lead & 0x0F) << 12) | ((in[1] & 0x3Fu) << 6) | (in[2] & 0x3Fu);
+    if (cp < 0x800 || (cp >= 0xD800 && cp <= 0xDFFF)) return 0;
+    unit = WChar(cp);
+    return 3;
+  }
+  return 0;
+}
+
 // The text never has more units than the bytes, so it is sized once up front;
 // when mostly multi-byte sequences leave more than half of it unused, it is
 // given back.
@@ -75,6 +94,11 @@ bool Decode(std::string_view bytes, WString& text, bool strict) {
   while (in < end) {
     in = CopyAsciiRun(in, end, out);
     if (in == end) break;
+    if (const size_t common = DecodeCommon(in, end, *out)) {
+      in += common;
+      ++out;
+      continue;
+    }
     size_t length;
     const long cp = DecodeOne(bytes, size_t(in - begin), length);
     if (cp < 0) {

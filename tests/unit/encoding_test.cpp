@@ -193,6 +193,22 @@ TEST(Utf8Conversion, NonAsciiAtEveryPositionOfABlock) {
   }
 }
 
+// Malformed input is replaced in code on every platform; the forms decoded in
+// line must reject what the general decoder rejects.
+TEST(Utf8Conversion, EachMalformedSequenceBecomesOneReplacement) {
+  const std::pair<std::string_view, WStringView> cases[] = {
+      {"\xE0\x80\x80x", u"\xFFFDx"},        {"\xC1\xBFx", u"\xFFFD\xFFFDx"},
+      {"\xED\xA0\x80x", u"\xFFFDx"},        {"\xE2\x82", u"\xFFFD"},
+      {"\xE2\x82x", u"\xFFFDx"},            {"\xC3", u"\xFFFD"},
+      {"\xEF\xBF\xBF\xEE\x80\x80", u"\xFFFF\xE000"}, {"\xDF\xBF\xC2\x80", u"\x07FF\x0080"},
+  };
+  for (const auto& [bytes, text] : cases) {
+    EXPECT_EQ(Utf8ToWide(bytes), text) << Hex(bytes);
+    WString strict;
+    EXPECT_EQ(Utf8ToWideStrict(bytes, strict), text.find(kReplacementChar) == WStringView::npos) << Hex(bytes);
+  }
+}
+
 TEST(AnsiCodePage, BytesInvalidInTheCodePageFailStrictly) {
   std::string invalid;
   if (!Testing::FindBytesInvalidInAnsi(invalid)) {
