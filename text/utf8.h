@@ -21,4 +21,7 @@ bool Utf8ToWideStrict(std::string_view bytes, WString& text);
 // that happened.
 std::string WideToUtf8(WStringView text, bool* replaced = nullptr);
 
+// WideToUtf8 appending to `bytes`, which grows once by the exact length.
+void AppendUtf8(WStringView text, std::string& bytes, bool* replaced = nullptr);
+
 }  // namespace NScrivolt

@@ -1,0 +1,11 @@
+// The process's current directory, which each processing changes and restores.
+#pragma once
+
+#include "text/wide_string.h"
+
+namespace NScrivolt::Platform {
+
+bool CurrentDirectory(WString& directory);
+bool ChangeCurrentDirectory(const WString& directory);
+
+}  // namespace NScrivolt::Platform

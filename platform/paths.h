@@ -1,0 +1,24 @@
+// Path text: full paths and the folder part. On Windows only "\" separates
+// (full paths come back with "\" alone anyway); on POSIX "\" and "/" both do.
+#pragma once
+
+#include "text/wide_string.h"
+
+namespace NScrivolt::Platform {
+
+bool IsPathSeparator(WChar c);
+
+// The absolute, normalised form of `path`, relative paths taken against the
+// current directory. The file need not exist. False when the path is empty or
+// the system cannot make it absolute.
+//
+// POSIX, lexically (links are not followed): every separator becomes "/",
+// repeated separators are one, "." parts go, ".." removes the part before it
+// (nothing above the root), and a trailing separator stays.
+bool FullPath(const WString& path, WString& full);
+
+// Everything before the last separator; empty when there is none. On POSIX a
+// path whose only separator is its first character gives "/".
+WString FolderPart(WStringView path);
+
+}  // namespace NScrivolt::Platform

@@ -1,0 +1,35 @@
+#include "platform/codepage.h"
+
+#include "platform/posix/character_set.h"
+#include "platform/posix/windows1252.h"
+#include "text/utf8.h"
+
+namespace NScrivolt::Platform {
+
+bool DecodeAnsi(std::string_view bytes, WString& text) {
+  if (LocaleCharacterSet() == AnsiCharacterSet::Windows1252) return DecodeWindows1252(bytes, text);
+  return Utf8ToWideStrict(bytes, text);
+}
+
+// In a UTF-8 locale every character is representable except a lone
+// surrogate, which is written as U+FFFD, the set's default character.
+bool EncodeAnsi(WStringView text, std::string& bytes, bool& usedDefaultChar) {
+  if (LocaleCharacterSet() == AnsiCharacterSet::Windows1252) {
+    EncodeWindows1252(text, bytes, usedDefaultChar);
+  } else {
+    AppendUtf8(text, bytes, &usedDefaultChar);
+  }
+  return true;
+}
+
+bool DecodeUtf8(std::string_view bytes, WString& text) {
+  text = Utf8ToWide(bytes);
+  return true;
+}
+
+bool EncodeUtf8(WStringView text, std::string& bytes) {
+  AppendUtf8(text, bytes);
+  return true;
+}
+
+}  // namespace NScrivolt::Platform

@@ -1,0 +1,208 @@
+#include <gtest/gtest.h>
+
+#include "text/file_io.h"
+#include "text/utf8.h"
+#include "unit/ansi_samples.h"
+#include "unit/hex.h"
+#include "unit/scratch_folder.h"
+
+namespace NScrivolt {
+namespace {
+
+using Testing::Hex;
+using Type = EncodingType;
+using namespace std::string_view_literals;
+
+WString CannotRead(const WString& path) { return u"\r\n- Cannot read from file \"" + path + u"\""; }
+WString CannotWrite(const WString& path) { return u"\r\n- Cannot write to file \"" + path + u"\""; }
+
+EncodingInfo Info(EncodingType type, bool bom = false) {
+  EncodingInfo info;
+  info.type = type;
+  info.bom = bom;
+  info.bomLength = bom ? std::uint32_t(ByteOrderMark(type).size()) : 0;
+  return info;
+}
+
+class FileIo : public ::testing::Test {
+ protected:
+  Testing::CScratchFolder folder_;
+  WString errorText_;
+};
+
+struct ReadCase {
+  std::string_view bytes;
+  EncodingType given;
+  bool isExplicit;
+  WStringView text;
+  EncodingType type;
+  std::uint32_t bomLength;
+};
+
+TEST_F(FileIo, ReadDetectsOrChecksTheMarkAndReportsIt) {
+  const ReadCase cases[] = {
+      {"\xFF\xFE" "A\0"sv, Type::Ascii, false, u"A", Type::Utf16, 2},
+      {"\xFF\xFE" "A\0"sv, Type::Utf8, true, u"\xFFFD\xFFFD" "A\0"sv, Type::Utf8, 0},
+      {"\xEF\xBB\xBFhi", Type::Ascii, false, u"hi", Type::Utf8, 3},
+      {"\xEF\xBB\xBFhi", Type::Utf8, true, u"hi", Type::Utf8, 3},
+      {"\xFE\xFF\0A\0"sv, Type::Ascii, false, u"A", Type::Utf16Be, 2},
+      {"\xFE\xFF\0A"sv, Type::Utf16, true, u"\xFFFE\x4100", Type::Utf16, 0},
+      {"caf\xC3\xA9", Type::Utf8, false, u"caf\u00E9", Type::Utf8, 0},
+      {"a\r\nb\rc\n", Type::Ascii, false, u"a\r\nb\rc\n", Type::Ascii, 0},
+      {"", Type::Ascii, false, u"", Type::Ascii, 0},
+      {"", Type::Ascii, true, u"", Type::Ascii, 0},
+      {"", Type::Utf8, true, u"", Type::Utf8, 0},
+      {"", Type::Utf16, true, u"", Type::Utf16, 0},
+      {"", Type::Utf16Be, true, u"", Type::Utf16Be, 0},
+      {"\xEF\xBB\xBF", Type::Ascii, false, u"", Type::Utf8, 3},
+  };
+  const WString path = folder_.Path("in.txt");
+  for (const ReadCase& c : cases) {
+    folder_.Put("in.txt", c.bytes);
+    WString text = u"old";
+    EncodingInfo encoding = Info(c.given);
+    EXPECT_TRUE(ReadTextFile(path, text, false, encoding, c.isExplicit, errorText_)) << Hex(c.bytes);
+    EXPECT_EQ(text, c.text) << Hex(c.bytes);
+    EXPECT_EQ(encoding.type, c.type) << Hex(c.bytes);
+    EXPECT_EQ(encoding.bomLength, c.bomLength) << Hex(c.bytes);
+    EXPECT_EQ(encoding.bom, c.bomLength != 0) << Hex(c.bytes);
+  }
+  EXPECT_EQ(errorText_, u"");
+}
+
+// Without a mark, auto mode keeps the assumed type: the ANSI code page.
+TEST_F(FileIo, Utf8WithoutMarkInAutoModeIsReadAsAnsi) {
+  folder_.Put("in.txt", "plain text");
+  WString text;
+  EncodingInfo encoding;
+  EXPECT_TRUE(ReadTextFile(folder_.Path("in.txt"), text, false, encoding, false, errorText_));
+  EXPECT_EQ(encoding.type, Type::Ascii);
+  EXPECT_FALSE(encoding.bom);
+  EXPECT_EQ(text, u"plain text");
+}
+
+TEST_F(FileIo, MissingFileIsAnErrorUnlessSkipped) {
+  const WString path = folder_.Path("missing.txt");
+  WString text = u"old";
+  EncodingInfo encoding = Info(Type::Utf16Be);
+  EXPECT_TRUE(ReadTextFile(path, text, true, encoding, false, errorText_));
+  EXPECT_EQ(errorText_, u"");
+  EXPECT_EQ(text, u"");
+  EXPECT_EQ(encoding.type, Type::Utf16Be);
+
+  text = u"old";
+  EXPECT_FALSE(ReadTextFile(path, text, false, encoding, false, errorText_));
+  EXPECT_EQ(errorText_, CannotRead(path));
+  EXPECT_EQ(text, u"");
+}
+
+// Skipping covers only a file that is not there; a folder is there.
+TEST_F(FileIo, FolderInPlaceOfTheFileCannotBeRead) {
+  const WString path = folder_.Folder();
+  for (const bool skipIfMissing : {false, true}) {
+    WString errorText;
+    WString text = u"old";
+    EncodingInfo encoding;
+    EXPECT_FALSE(ReadTextFile(path, text, skipIfMissing, encoding, false, errorText));
+    EXPECT_EQ(errorText, CannotRead(path));
+    EXPECT_EQ(text, u"");
+  }
+}
+
+TEST_F(FileIo, BytesInvalidInTheAnsiCodePageCannotBeRead) {
+  std::string invalid;
+  if (!Testing::FindBytesInvalidInAnsi(invalid)) {
+    GTEST_SKIP() << "the ANSI code page of this run accepts every byte";
+  }
+  folder_.Put("in.txt", "text " + invalid);
+  const WString path = folder_.Path("in.txt");
+  for (const bool isExplicit : {false, true}) {
+    WString errorText = u"earlier";
+    WString text;
+    EncodingInfo encoding;
+    EXPECT_FALSE(ReadTextFile(path, text, true, encoding, isExplicit, errorText));
+    EXPECT_EQ(errorText, u"earlier" + CannotRead(path));
+    EXPECT_EQ(text, u"");
+  }
+}
+
+struct WriteCase {
+  WStringView text;
+  EncodingInfo encoding;
+  bool isExplicit;
+  std::string_view bytes;
+};
+
+TEST_F(FileIo, WriteEncodesWithOrWithoutMark) {
+  const WriteCase cases[] = {
+      {u"", Info(Type::Utf16Be, true), true, "\xFE\xFF"},
+      {u"", Info(Type::Utf8, true), false, "\xEF\xBB\xBF"},
+      {u"", Info(Type::Ascii), true, ""},
+      {u"A\u20AC\r\n", Info(Type::Utf8, true), true, "\xEF\xBB\xBF" "A\xE2\x82\xAC\r\n"},
+      {u"A\u20AC", Info(Type::Utf16), false, "A\0\xAC\x20"sv},
+      {u"A\u20AC", Info(Type::Utf16Be, true), true, "\xFE\xFF\0A\x20\xAC"sv},
+      {u"plain\n", Info(Type::Ascii), true, "plain\n"},
+      {Testing::kNotInAnyCodePage, Info(Type::Ascii), false, "\xEF\xBB\xBF" "a\xEF\xBF\xBDz"},
+  };
+  const WString path = folder_.Path("out.txt");
+  for (const WriteCase& c : cases) {
+    EXPECT_TRUE(WriteTextFile(path, c.text, c.encoding, c.isExplicit, errorText_)) << Hex(c.bytes);
+    EXPECT_EQ(Hex(folder_.Get("out.txt")), Hex(c.bytes));
+  }
+  EXPECT_EQ(errorText_, u"");
+  EXPECT_EQ(folder_.Names(), std::set<std::string>{"out.txt"});
+}
+
+TEST_F(FileIo, UnrepresentableInExplicitAsciiWritesNothing) {
+  const WString path = folder_.Path("out.txt");
+  EXPECT_FALSE(WriteTextFile(path, Testing::kNotInAnyCodePage, Info(Type::Ascii), true, errorText_));
+  EXPECT_EQ(errorText_,
+            u"\r\n- Content to write to file \"" + path + u"\" not representable in ASCII encoding");
+  EXPECT_TRUE(folder_.Names().empty());
+
+  folder_.Put("out.txt", "before");
+  EXPECT_FALSE(WriteTextFile(path, Testing::kNotInAnyCodePage, Info(Type::Ascii), true, errorText_));
+  EXPECT_EQ(folder_.Get("out.txt"), "before");
+}
+
+TEST_F(FileIo, ReplacingAFileLeavesOnlyTheNewContent) {
+  folder_.Put("out.txt", "a much longer old content");
+  EXPECT_TRUE(WriteTextFile(folder_.Path("out.txt"), u"new", Info(Type::Utf8), true, errorText_));
+  EXPECT_EQ(folder_.Get("out.txt"), "new");
+  EXPECT_EQ(folder_.Names(), std::set<std::string>{"out.txt"});
+}
+
+TEST_F(FileIo, MissingFolderForTheOutput) {
+  const WString path = (folder_.Native("no such folder") / "out.txt").u16string();
+  EXPECT_FALSE(WriteTextFile(path, u"text", Info(Type::Utf8), true, errorText_));
+  EXPECT_EQ(errorText_, CannotWrite(path));
+  EXPECT_TRUE(folder_.Names().empty());
+}
+
+// A failed write leaves what was there as it was, and nothing beside it.
+TEST_F(FileIo, FolderInPlaceOfTheOutputStaysAsItWas) {
+  std::filesystem::create_directory(folder_.Native("target"));
+  folder_.Put("target/kept.txt", "kept");
+  const WString path = folder_.Path("target");
+  EXPECT_FALSE(WriteTextFile(path, u"text", Info(Type::Utf8), true, errorText_));
+  EXPECT_EQ(errorText_, CannotWrite(path));
+  EXPECT_EQ(folder_.Names(), std::set<std::string>{"target"});
+  EXPECT_EQ(folder_.Get("target/kept.txt"), "kept");
+}
+
+// A destination without explicit encoding takes the descriptor the template
+// was read with, so the bytes come out as they went in.
+TEST_F(FileIo, WritingWithTheReadDescriptorGivesTheSameBytes) {
+  for (const std::string_view bytes :
+       {"\xFF\xFEx\0\r\0\n\0"sv, "\xFE\xFF\0x"sv, "\xEF\xBB\xBFx\r"sv, "x\n"sv}) {
+    folder_.Put("in.txt", bytes);
+    WString text;
+    EncodingInfo encoding;
+    ASSERT_TRUE(ReadTextFile(folder_.Path("in.txt"), text, false, encoding, false, errorText_));
+    ASSERT_TRUE(WriteTextFile(folder_.Path("out.txt"), text, encoding, false, errorText_));
+    EXPECT_EQ(Hex(folder_.Get("out.txt")), Hex(bytes));
+  }
+}
+
+}  // namespace
+}  // namespace NScrivolt
