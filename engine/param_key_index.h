@@ -2,11 +2,13 @@
 //
 // Open addressing with linear probing over a power-of-two table of node
 // pointers. The key of an entry is read from the node itself (its id.key), so
-// every key is held once, in the node; an entry costs one pointer and the
-// table stays at most half full, about 16 bytes per child.
+// every key is held once, in the node. Beside each pointer the table keeps 32
+// bits of the key's hash, so a probe reads a node only when those match. The
+// table stays at most half full: about 24 bytes per child.
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include "text/wide_string.h"
@@ -26,13 +28,15 @@ class CParamKeyIndex {
   void Erase(const CParam* node);
 
  private:
-  static std::size_t Hash(WStringView key);
+  static std::uint32_t Hash(WStringView key);
   static std::size_t TableSizeFor(std::size_t count);
-  std::size_t Mask() const { return table_.size() - 1; }
-  void Place(CParam* node);
+  std::size_t Mask() const { return nodes_.size() - 1; }
+  std::size_t Home(std::uint32_t hash) const { return hash & Mask(); }
+  void Place(CParam* node, std::uint32_t hash);
   void Grow();
 
-  std::vector<CParam*> table_;  // null marks a free slot
+  std::vector<CParam*> nodes_;         // null marks a free slot
+  std::vector<std::uint32_t> hashes_;  // the hash of each slot's key
   std::size_t count_ = 0;
 };
 
