@@ -1,0 +1,121 @@
+#include "engine/param_child_list.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "engine/param.h"
+
+namespace NScrivolt {
+
+CParamKeyIndex& CParamChildList::Index() {
+  if (!index_) {
+    index_ = std::make_unique<CParamKeyIndex>(live_);
+    for (CParam* node : slots_) {
+      if (node != nullptr) index_->Insert(node);
+    }
+  }
+  return *index_;
+}
+
+CParam* CParamChildList::FindKey(WStringView key) {
+  if (live_ > kLinearScanLimit) return Index().Find(key);
+  for (CParam* node : slots_) {
+    if (node != nullptr && node->id_.key == key) return node;
+  }
+  return nullptr;
+}
+
+CParam* CParamChildList::At(std::size_t position) {
+  Normalize();
+  return slots_[position];
+}
+
+void CParamChildList::Take(CParam* node, std::size_t slot) {
+  node->container_ = this;
+  node->id_.index = std::int32_t(slot);
+  ++live_;
+  if (index_) index_->Insert(node);
+}
+
+void CParamChildList::Append(CParam* node) {
+  Take(node, slots_.size());
+  slots_.push_back(node);
+}
+
+void CParamChildList::InsertAt(std::size_t position, CParam* node) {
+  Normalize();
+  slots_.insert(slots_.begin() + std::ptrdiff_t(position), node);
+  Take(node, position);
+  Renumber(position + 1);
+}
+
+void CParamChildList::Remove(CParam* node) {
+  const std::size_t slot = std::size_t(node->id_.index);
+  slots_[slot] = nullptr;
+  --live_;
+  firstGap_ = std::min(firstGap_, slot);
+  if (index_) index_->Erase(node);
+  node->container_ = nullptr;
+  delete node;
+}
+
+void CParamChildList::Renumber(std::size_t from) {
+  for (std::size_t i = from; i < slots_.size(); ++i) slots_[i]->id_.index = std::int32_t(i);
+}
+
+void CParamChildList::Normalize() {
+  if (firstGap_ == kClean) return;
+  auto kept = std::remove(slots_.begin() + std::ptrdiff_t(firstGap_), slots_.end(), nullptr);
+  slots_.erase(kept, slots_.end());
+  Renumber(firstGap_);
+  firstGap_ = kClean;
+}
+
+bool CParamChildList::IndexPending(const CParam& node) const {
+  return firstGap_ != kClean && std::size_t(node.id_.index) >= firstGap_;
+}
+
+std::vector<CParam*> CParamChildList::Ordered(ParamOrder order, bool descending) {
+  Normalize();
+  std::vector<CParam*> nodes(slots_);
+  OrderParams(nodes, order, descending);
+  return nodes;
+}
+
+void CParamChildList::Reorder(std::vector<CParam*> order) {
+  Normalize();
+  slots_ = std::move(order);
+  Renumber(0);
+}
+
+CParamChildList* CParamChildList::Clone(CParam* holder) {
+  Normalize();
+  auto* copy = new CParamChildList;
+  copy->slots_.reserve(live_);
+  for (const CParam* node : slots_) copy->Append(new CParam(*node));
+  copy->owner_ = holder;
+  return copy;
+}
+
+void CParamChildList::Release(CParamChildList* list, const CParam* holder) {
+  if (list == nullptr) return;
+  if (list->owner_ == holder) list->owner_ = nullptr;
+  if (--list->refs_ > 0) return;
+  std::vector<CParamChildList*> pending{list};
+  while (!pending.empty()) {
+    CParamChildList* dying = pending.back();
+    pending.pop_back();
+    for (CParam* node : dying->slots_) {
+      if (node == nullptr) continue;
+      CParamChildList* below = std::exchange(node->children_, nullptr);
+      if (below != nullptr) {
+        if (below->owner_ == node) below->owner_ = nullptr;
+        if (--below->refs_ == 0) pending.push_back(below);
+      }
+      delete node;  // childless now: its destructor does no further work
+    }
+    delete dying;
+  }
+}
+
+}  // namespace NScrivolt

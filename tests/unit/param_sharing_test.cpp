@@ -1,0 +1,118 @@
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "unit/param_test_util.h"
+
+namespace NScrivolt {
+namespace {
+
+// A tree with enough levels and siblings (some lists past the hash-index
+// threshold) that a change can land on a path or beside it.
+void Fill(CParam& root) {
+  root.SetValue(u"root");
+  for (int i = 0; i < 12; ++i) root.GetChildByName(u"item" + IntegerToText(i), true)->SetValueNumber(12 - i);
+  CParam* deep = root.FindParam(Ref(u"a.b.c"), true);
+  deep->SetValue(u"deep");
+  deep->AppendNumbered()->SetValue(u"leaf");
+  root.FindParam(Ref(u"a.b"), true)->SetValue(u"mid");
+  root.FindParam(Ref(u"a.x"), true)->SetValue(u"side");
+}
+
+struct Mutation {
+  const char* name;
+  std::function<void(CParam&)> apply;
+};
+
+const Mutation kMutations[] = {
+    {"set root value", [](CParam& p) { p.SetValue(u"changed"); }},
+    {"set deep value", [](CParam& p) { p.FindParam(Ref(u"a.b.c.#1"))->SetValue(u"changed"); }},
+    {"create deep", [](CParam& p) { p.FindParam(Ref(u"a.b.c.new.newer"), true)->SetValue(u"n"); }},
+    {"append", [](CParam& p) { p.FindParam(Ref(u"a.b"))->AppendNumbered(); }},
+    {"insert by number", [](CParam& p) { p.GetByNumber(1, true); p.GetByNumber(-40, true); }},
+    {"add named", [](CParam& p) { p.FindParam(Ref(u"a"))->GetChildByName(u"y", true); }},
+    {"delete top", [](CParam& p) { p.DeleteParam(Ref(u"item3")); }},
+    {"delete deep", [](CParam& p) { p.DeleteParam(Ref(u"a.b.c.#1")); }},
+    {"delete path", [](CParam& p) { p.DeleteParam(Ref(u"a.b")); }},
+    {"sort", [](CParam& p) { p.SortChildren(ParamOrder::ByValue, false); }},
+    {"sort deep", [](CParam& p) { p.FindParam(Ref(u"a"))->SortChildren(ParamOrder::ByName, true); }},
+    {"clear", [](CParam& p) { p.Clear(); }},
+    {"clear children deep", [](CParam& p) { p.FindParam(Ref(u"a.b"))->ClearChildren(); }},
+    {"copy onto child", [](CParam& p) { p.FindParam(Ref(u"a.x"))->CopyFrom(*p.FindParam(Ref(u"a.b"))); }},
+    {"copy ancestor down", [](CParam& p) { p.FindParam(Ref(u"a.b.c"))->CopyFrom(*p.FindParam(Ref(u"a"))); }},
+    {"through listed pointers",
+     [](CParam& p) {
+       for (CParam* child : p.FindParam(Ref(u"a"))->ListChildren()) child->SetValue(u"listed");
+     }},
+};
+
+TEST(ParamSharing, ChangingACopyLeavesTheOriginal) {
+  for (const Mutation& m : kMutations) {
+    CParam original;
+    Fill(original);
+    const std::string before = Dump(original);
+    CParam copy(original);
+    EXPECT_EQ(Dump(copy), before) << m.name;
+    m.apply(copy);
+    EXPECT_NE(Dump(copy), before) << m.name << ": the mutation changed nothing";
+    EXPECT_EQ(Dump(original), before) << m.name;
+  }
+}
+
+TEST(ParamSharing, ChangingTheOriginalLeavesTheCopy) {
+  for (const Mutation& m : kMutations) {
+    CParam original;
+    Fill(original);
+    CParam copy;
+    copy.CopyFrom(original);
+    const std::string before = Dump(copy);
+    m.apply(original);
+    EXPECT_EQ(Dump(copy), before) << m.name;
+  }
+}
+
+// A subtree copied into its own tree is shared with its source, and both
+// sides still change independently.
+TEST(ParamSharing, CopiesWithinOneTreeStaySeparate) {
+  CParam root;
+  Fill(root);
+  root.FindParam(Ref(u"copy"), true)->CopyFrom(*root.FindParam(Ref(u"a")));
+  root.FindParam(Ref(u"a.b.c"))->SetValue(u"changed in a");
+  root.FindParam(Ref(u"copy.x"))->SetValue(u"changed in copy");
+  EXPECT_EQ(root.FindParam(Ref(u"copy.b.c"))->GetValue(), u"deep");
+  EXPECT_EQ(root.FindParam(Ref(u"a.x"))->GetValue(), u"side");
+}
+
+// Three generations of copies, each changed once, and the middle one
+// destroyed first: every survivor keeps its own state.
+TEST(ParamSharing, CopiesOfCopies) {
+  auto first = std::make_unique<CParams>();
+  Fill(first->Root());
+  auto second = std::make_unique<CParams>(*first);
+  CParams third(*second);
+  first->Root().FindParam(Ref(u"a.b.c"))->SetValue(u"1");
+  second->Root().FindParam(Ref(u"a.b.c"))->SetValue(u"2");
+  second.reset();
+  third.Root().FindParam(Ref(u"a.b.c"))->AppendNumbered()->SetValue(u"3");
+  EXPECT_EQ(first->Root().FindParam(Ref(u"a.b.c"))->Count(), 1u);
+  EXPECT_EQ(first->Root().FindParam(Ref(u"a.b.c"))->GetValue(), u"1");
+  EXPECT_EQ(third.Root().FindParam(Ref(u"a.b.c"))->GetValue(), u"deep");
+  EXPECT_EQ(third.Root().FindParam(Ref(u"a.b.c"))->Count(), 2u);
+  first.reset();
+  EXPECT_EQ(third.Root().FindParam(Ref(u"a.b.c.#2"))->GetValue(), u"3");
+}
+
+TEST(ParamSharing, AssigningParamsReplacesTheWholeTree) {
+  CParams a;
+  CParams b;
+  Fill(a.Root());
+  b.Root().GetChildByName(u"only", true);
+  b = a;
+  EXPECT_EQ(Dump(b.Root()), Dump(a.Root()));
+  a.Root().Clear();
+  EXPECT_EQ(b.Root().GetValue(), u"root");
+  EXPECT_FALSE(b.Root().ParamExists(Ref(u"only")));
+}
+
+}  // namespace
+}  // namespace NScrivolt

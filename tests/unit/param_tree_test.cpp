@@ -1,0 +1,264 @@
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <limits>
+
+#include "unit/param_test_util.h"
+
+namespace NScrivolt {
+namespace {
+
+// A node with named children, each holding its own name as value.
+CParam Named(std::initializer_list<const char16_t*> names) {
+  CParam node;
+  for (const char16_t* name : names) node.GetChildByName(name, true)->SetValue(name);
+  return node;
+}
+
+// The number that the next automatic name will carry.
+std::int64_t NextAutomaticNumber() {
+  CParam probe;
+  return std::stoll(WideToUtf8(probe.AppendNumbered()->GetId().name.substr(5))) + 1;
+}
+
+WString AutomaticName(std::int64_t number) { return u"Param" + IntegerToText(number); }
+
+TEST(ParamNames, LookupIgnoresCaseAndKeepsDisplayNames) {
+  const CParam node = Named({u"a", u"B"});
+  struct Case {
+    const char16_t* lookup;
+    const char16_t* found;  // display name, or null for none
+  } const cases[] = {
+      {u"a", u"a"}, {u"A", u"a"}, {u"b", u"B"}, {u"B", u"B"}, {u"c", nullptr}, {u"", nullptr},
+  };
+  for (const Case& c : cases) {
+    const CParam* child = node.GetChildByName(c.lookup);
+    if (c.found == nullptr) {
+      EXPECT_EQ(child, nullptr) << WideToUtf8(c.lookup);
+    } else {
+      ASSERT_NE(child, nullptr) << WideToUtf8(c.lookup);
+      EXPECT_EQ(child->GetId().name, c.found);
+      EXPECT_FALSE(child->GetId().numbered);
+    }
+  }
+  EXPECT_EQ(node.GetChildValue(u"b"), u"B");
+  EXPECT_EQ(node.GetChildValue(u"missing"), u"");
+  EXPECT_EQ(Children(node), "a=a, B=B");
+}
+
+TEST(ParamNames, ReferencesDifferingInCaseNameOneParameter) {
+  CParam root;
+  root.FindParam(Ref(u"A.B"), true)->SetValue(u"v");
+  EXPECT_EQ(root.FindParam(Ref(u"a.b")), root.FindParam(Ref(u"A.B")));
+  EXPECT_EQ(Dump(root), "0 #1  (numbered) = \n1 #1 A = \n2 #1 B = v\n");
+}
+
+// Lookups in lists long enough to use the hash index, with removals between.
+TEST(ParamNames, LargeListsFindEveryKey) {
+  CParam node;
+  for (int i = 0; i < 100; ++i) node.GetChildByName(u"Key" + IntegerToText(i), true);
+  for (int i = 0; i < 100; i += 3) node.DeleteParam(Ref(u"key" + IntegerToText(i)));
+  for (int i = 0; i < 100; ++i) {
+    const CParam* child = node.GetChildByName(u"KEY" + IntegerToText(i));
+    EXPECT_EQ(child != nullptr, i % 3 != 0) << i;
+  }
+  EXPECT_EQ(node.Count(), 66u);
+  EXPECT_TRUE(NumberedInOrder(node));
+}
+
+TEST(ParamAutomaticNames, DrawFromOneCounterAndSkipTakenKeys) {
+  const std::int64_t first = NextAutomaticNumber();
+  CParam node;
+  CParam* a = node.AppendNumbered();
+  EXPECT_EQ(a->GetId().name, AutomaticName(first));
+  EXPECT_EQ(a->GetId().key, u"param" + IntegerToText(first));
+  EXPECT_TRUE(a->GetId().numbered);
+  EXPECT_EQ(node.GetChildByName(u"PARAM" + IntegerToText(first)), a);
+
+  CParam other;  // another parent continues the same counter
+  EXPECT_EQ(other.AppendNumbered()->GetId().name, AutomaticName(first + 1));
+
+  node.GetChildByName(AutomaticName(first + 2), true);
+  node.GetChildByName(u"param" + IntegerToText(first + 3), true);
+  EXPECT_EQ(node.AppendNumbered()->GetId().name, AutomaticName(first + 4));
+}
+
+TEST(ParamAutomaticNames, AddingATakenNameGivesTheNewChildAnAutomaticName) {
+  CParam node = Named({u"x"});
+  const std::int64_t next = NextAutomaticNumber();
+  CParamId id;
+  id.numbered = false;
+  id.name = u"X";
+  id.key = u"x";
+  CParam* added = node.AddChild(id);
+  EXPECT_EQ(added->GetId().name, AutomaticName(next));
+  EXPECT_FALSE(added->GetId().numbered);
+  EXPECT_EQ(added->GetId().index, 1);
+  EXPECT_EQ(node.GetChildValue(u"x"), u"x");
+}
+
+TEST(ParamNumbers, CreationByNumberAddsOneChildAtTheClampedPosition) {
+  constexpr std::int32_t kMax = std::numeric_limits<std::int32_t>::max();
+  constexpr std::int32_t kMin = std::numeric_limits<std::int32_t>::min();
+  struct Case {
+    int existing;
+    std::int32_t index;
+    int position;  // where the new child lands; -1: an existing child is returned
+    int found;     // the existing child's position
+  } const cases[] = {
+      {2, 0, -1, 0},  {2, 1, -1, 1},   {2, -1, -1, 1},   {2, -2, -1, 0},  {2, 2, 2, 0},
+      {2, 5, 2, 0},   {2, kMax, 2, 0}, {2, -5, 0, 0},    {2, kMin, 0, 0}, {0, 0, 0, 0},
+      {0, -1, 0, 0},  {0, 7, 0, 0},
+      // -3 of two resolves to -1, which AddChild resolves once more: position 1.
+      {2, -3, 1, 0},  {3, -5, 1, 0},
+  };
+  for (const Case& c : cases) {
+    CParam node;
+    for (int i = 0; i < c.existing; ++i) node.AppendNumbered()->SetValueNumber(i);
+    const std::string label = std::to_string(c.existing) + " children, index " + std::to_string(c.index);
+    if (c.position >= 0) {
+      EXPECT_EQ(node.GetByNumber(c.index), nullptr) << label;
+      EXPECT_EQ(std::as_const(node).GetByNumber(c.index), nullptr) << label;
+    }
+    CParam* result = node.GetByNumber(c.index, true);
+    if (c.position < 0) {
+      EXPECT_EQ(node.Count(), std::size_t(c.existing)) << label;
+      EXPECT_EQ(result->GetValue(), IntegerToText(c.found)) << label;
+      continue;
+    }
+    EXPECT_EQ(node.Count(), std::size_t(c.existing + 1)) << label;
+    EXPECT_EQ(result->GetId().index, c.position) << label;
+    EXPECT_TRUE(result->GetId().numbered) << label;
+    EXPECT_EQ(result->GetValue(), u"") << label;
+    EXPECT_TRUE(NumberedInOrder(node)) << label;
+  }
+}
+
+TEST(ParamDelete, RemovesOneNodeAndClosesTheNumbering) {
+  struct Case {
+    const char16_t* reference;
+    const char* remaining;
+  } const cases[] = {
+      {u"#2", "a=a, c=c"},     {u"b", "a=a, c=c"},   {u"B", "a=a, c=c"},
+      {u"#-1", "a=a, b=b"},    {u"#1", "b=b, c=c"},  {u"#0", "b=b, c=c"},
+      {u"#4", "a=a, b=b, c=c"}, {u"x", "a=a, b=b, c=c"}, {u"a.x", "a=a, b=b, c=c"},
+  };
+  for (const Case& c : cases) {
+    CParam node = Named({u"a", u"b", u"c"});
+    node.DeleteParam(Ref(c.reference));
+    EXPECT_EQ(Children(node), c.remaining) << WideToUtf8(c.reference);
+    EXPECT_TRUE(NumberedInOrder(node)) << WideToUtf8(c.reference);
+  }
+}
+
+TEST(ParamDelete, FormerThirdChildIsFoundByNumberTwo) {
+  CParam node = Named({u"a", u"b", u"c"});
+  const CParam* third = node.GetChildByName(u"c");
+  node.DeleteParam(Ref(u"#2"));
+  EXPECT_EQ(third->GetId().index, 1);
+  EXPECT_EQ(node.FindParam(Ref(u"#2")), third);
+  node.DeleteParam({});
+  EXPECT_EQ(node.Count(), 2u);
+}
+
+TEST(ParamDelete, NestedNodesGoWithTheirSubtree) {
+  CParam root;
+  root.FindParam(Ref(u"a.b.c"), true)->SetValue(u"deep");
+  root.FindParam(Ref(u"a.d"), true);
+  root.DeleteParam(Ref(u"a.b"));
+  EXPECT_FALSE(root.ParamExists(Ref(u"a.b.c")));
+  EXPECT_EQ(Children(*root.FindParam(Ref(u"a"))), "d=");
+}
+
+TEST(ParamSort, OrdersChildrenAndRenumbers) {
+  struct Case {
+    ParamOrder order;
+    bool descending;
+    const char* expected;
+  } const cases[] = {
+      {ParamOrder::ByNumber, false, "n1=b, n2=A, N3=a, n4=10, n5=9"},
+      {ParamOrder::ByNumber, true, "n5=9, n4=10, N3=a, n2=A, n1=b"},
+      {ParamOrder::ByName, false, "n1=b, n2=A, N3=a, n4=10, n5=9"},
+      {ParamOrder::ByName, true, "n5=9, n4=10, N3=a, n2=A, n1=b"},
+      // Equal lower-cased values keep their number order ascending and
+      // come reversed descending; digits compare as text.
+      {ParamOrder::ByValue, false, "n4=10, n5=9, n2=A, N3=a, n1=b"},
+      {ParamOrder::ByValue, true, "n1=b, N3=a, n2=A, n5=9, n4=10"},
+  };
+  for (const Case& c : cases) {
+    CParam node;
+    const char16_t* values[][2] = {{u"n1", u"b"}, {u"n2", u"A"}, {u"N3", u"a"}, {u"n4", u"10"}, {u"n5", u"9"}};
+    for (auto& [name, value] : values) node.GetChildByName(name, true)->SetValue(value);
+    const std::string label = std::to_string(int(c.order)) + (c.descending ? " desc" : " asc");
+    std::string listed;
+    for (const CParam* child : std::as_const(node).ListChildren(c.order, c.descending)) {
+      listed += (listed.empty() ? "" : ", ") + WideToUtf8(child->GetId().name) + "=" +
+                WideToUtf8(child->GetValue());
+    }
+    EXPECT_EQ(listed, c.expected) << label;
+    EXPECT_EQ(Children(node), "n1=b, n2=A, N3=a, n4=10, n5=9") << label << ": listing changed the order";
+    node.SortChildren(c.order, c.descending);
+    EXPECT_EQ(Children(node), c.expected) << label;
+    EXPECT_TRUE(NumberedInOrder(node)) << label;
+    EXPECT_EQ(node.GetChildValue(u"n3"), u"a") << label;
+  }
+}
+
+TEST(ParamCopy, KeepsAutomaticNamesAndNumberedFlags) {
+  CParam source;
+  source.SetValue(u"top");
+  source.AppendNumbered()->SetValue(u"x");
+  source.GetChildByName(u"Colors", true)->AppendNumbered()->SetValue(u"red");
+  CParam target = Named({u"old"});
+  target.CopyFrom(source);
+  EXPECT_EQ(Dump(target), Dump(source));
+  EXPECT_EQ(target.GetId().name, u"");
+
+  const std::int64_t next = NextAutomaticNumber();
+  EXPECT_EQ(target.AppendNumbered()->GetId().name, AutomaticName(next));
+}
+
+TEST(ParamCopy, ClearAndClearChildren) {
+  struct Case {
+    std::function<void(CParam&)> operation;
+    const char* dump;
+  } const cases[] = {
+      {[](CParam& p) { p.Clear(); }, "0 #1  (numbered) = \n"},
+      {[](CParam& p) { p.ClearChildren(); }, "0 #1  (numbered) = kept\n"},
+      {[](CParam& p) { p.CopyFrom(CParam()); }, "0 #1  (numbered) = \n"},
+  };
+  for (const Case& c : cases) {
+    CParam node = Named({u"a", u"b"});
+    node.SetValue(u"kept");
+    c.operation(node);
+    EXPECT_EQ(Dump(node), c.dump);
+  }
+}
+
+// Copying between a node and its own ancestor or descendant copies the state
+// before the call, and never ties the tree into a loop.
+TEST(ParamCopy, BetweenRelatedNodes) {
+  struct Case {
+    const char16_t* target;
+    const char16_t* source;
+    const char* dump;
+  } const cases[] = {
+      {u"a", u"a.b", "0 #1  (numbered) = \n1 #1 a = B\n2 #1 c = C\n"},
+      {u"a.b", u"a", "0 #1  (numbered) = \n1 #1 a = A\n2 #1 b = A\n3 #1 b = B\n4 #1 c = C\n"},
+      {u"a.b.c", u"a",
+       "0 #1  (numbered) = \n1 #1 a = A\n2 #1 b = B\n3 #1 c = A\n4 #1 b = B\n5 #1 c = C\n"},
+      {u"a.b", u"a.b", "0 #1  (numbered) = \n1 #1 a = A\n2 #1 b = B\n3 #1 c = C\n"},
+  };
+  for (const Case& c : cases) {
+    CParam root;
+    root.FindParam(Ref(u"a"), true)->SetValue(u"A");
+    root.FindParam(Ref(u"a.b"), true)->SetValue(u"B");
+    root.FindParam(Ref(u"a.b.c"), true)->SetValue(u"C");
+    CParam* target = root.FindParam(Ref(c.target), true);
+    target->CopyFrom(*root.FindParam(Ref(c.source)));
+    EXPECT_EQ(Dump(root), c.dump) << WideToUtf8(c.target) << " from " << WideToUtf8(c.source);
+  }
+}
+
+}  // namespace
+}  // namespace NScrivolt
