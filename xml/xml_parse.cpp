@@ -1,5 +1,6 @@
 #include "xml/xml_parse.h"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -9,8 +10,6 @@
 namespace NScrivolt {
 
 namespace {
-
-constexpr WStringView kCommentOpenTag = u"<!--";
 
 // Builds the tree while the scanner walks the text. The open elements are the
 // chain from `current_` up through its parents to the nameless `top_`, so the
@@ -40,7 +39,7 @@ class XmlReader {
   bool Fail(XmlParseError code, std::size_t at);
   void Warn(XmlParseError code, std::size_t at);
   XmlTreeNode SelectResult(WStringView requiredTopTag);
-  void SetPosition(XmlParseResult& result) const;
+  void FillResult(XmlParseResult& result) const;
 
   WStringView text_;
   XmlScanner scanner_;
@@ -63,7 +62,7 @@ XmlTreeNode XmlReader::Read(WStringView requiredTopTag, XmlParseResult& result) 
     if (top_.ChildCount() == 0) Warn(XmlParseError::NoXmlTagWarning, text_.size());
     tree = SelectResult(requiredTopTag);
   }
-  SetPosition(result);
+  FillResult(result);
   return tree;
 }
 
@@ -107,7 +106,7 @@ bool XmlReader::ReadSection(const XmlSectionTags& section) {
     return Fail(XmlParseError::UnmatchedClearTagEnd, start);
   }
   AddSection({WString(section.openTag), WString(value), WString(closeTag)},
-             section.openTag == kCommentOpenTag);
+             section.isComment);
   return true;
 }
 
@@ -170,27 +169,22 @@ bool XmlReader::ReadStartTag(bool declaration) {
 // Values are entity-decoded; names are kept as written. On entry `token` is
 // the name; on return it is the token after the attribute.
 bool XmlReader::ReadAttribute(XmlTreeNode& element, bool declaration, XmlToken& token) {
-  const WString name(declaration ? DeclarationWord(token) : token.text);
+  WString name(declaration ? DeclarationWord(token) : token.text);
+  std::optional<WString> value;
   token = scanner_.NextTagToken();
-  if (token.kind != XmlTokenKind::Equals) {
-    if (!name.empty()) element.AppendElementAttribute(name, std::nullopt);
-    return true;
+  if (token.kind == XmlTokenKind::Equals) {
+    token = scanner_.NextTagToken();
+    const bool quoted = token.kind == XmlTokenKind::Quoted;
+    if (quoted || token.kind == XmlTokenKind::Word) {
+      const WStringView raw = declaration && !quoted ? DeclarationWord(token) : token.text;
+      value.emplace();
+      if (!Decode(raw, token.start + (quoted ? 1 : 0), *value)) return false;
+      token = scanner_.NextTagToken();
+    } else if (token.kind != XmlTokenKind::End) {
+      return Fail(XmlParseError::UnexpectedToken, token.start);
+    }
   }
-  const XmlToken value = scanner_.NextTagToken();
-  token = value;
-  if (value.kind == XmlTokenKind::End) {
-    element.AppendElementAttribute(name, std::nullopt);
-    return true;
-  }
-  if (value.kind != XmlTokenKind::Word && value.kind != XmlTokenKind::Quoted) {
-    return Fail(XmlParseError::UnexpectedToken, value.start);
-  }
-  const bool quoted = value.kind == XmlTokenKind::Quoted;
-  const WStringView raw = declaration && !quoted ? DeclarationWord(value) : value.text;
-  WString decoded;
-  if (!Decode(raw, value.start + (quoted ? 1 : 0), decoded)) return false;
-  element.AppendElementAttribute(name, std::move(decoded));
-  token = scanner_.NextTagToken();
+  if (!name.empty()) element.AppendElementAttribute(std::move(name), std::move(value));
   return true;
 }
 
@@ -266,17 +260,15 @@ XmlTreeNode XmlReader::SelectResult(WStringView requiredTopTag) {
   return top_;
 }
 
-void XmlReader::SetPosition(XmlParseResult& result) const {
+void XmlReader::FillResult(XmlParseResult& result) const {
   result.error = problem_;
   result.line = 0;
   result.column = 0;
   if (problem_ == XmlParseError::None) return;
   const WStringView before = text_.substr(0, problemAt_);
-  const std::size_t lastLineFeed = before.rfind(u'\n');
-  std::size_t lineFeeds = 0;
-  for (WChar c : before) lineFeeds += c == u'\n' ? 1 : 0;
-  result.line = lineFeeds + 1;
-  result.column = before.size() - (lastLineFeed == WStringView::npos ? 0 : lastLineFeed + 1) + 1;
+  const std::size_t lineStart = before.rfind(u'\n') + 1;  // 0 when there is no LF
+  result.line = std::size_t(std::count(before.begin(), before.end(), u'\n')) + 1;
+  result.column = before.size() - lineStart + 1;
 }
 
 }  // namespace

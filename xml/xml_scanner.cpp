@@ -1,6 +1,7 @@
 #include "xml/xml_scanner.h"
 
 #include <cstdint>
+#include <initializer_list>
 
 namespace NScrivolt {
 
@@ -31,11 +32,11 @@ bool HasClass(WChar c, CharClass wanted) {
 }
 
 constexpr XmlSectionTags kSections[] = {
-    {u"<![CDATA[", u"]]>", u""},
-    {u"<!DOCTYPE", u">", u"]>"},
-    {u"<!--", u"-->", u""},
-    {u"<PRE>", u"</PRE>", u""},
-    {u"<Script>", u"</Script>", u""},
+    {u"<![CDATA[", u"]]>", u"", false},
+    {u"<!DOCTYPE", u">", u"]>", false},
+    {u"<!--", u"-->", u"", true},
+    {u"<PRE>", u"</PRE>", u"", false},
+    {u"<Script>", u"</Script>", u"", false},
 };
 
 }  // namespace

@@ -16,6 +16,7 @@ struct XmlSectionTags {
   WStringView openTag;
   WStringView closeTag;
   WStringView innerCloseTag;
+  bool isComment;
 };
 
 enum class XmlTokenKind {
