@@ -212,7 +212,9 @@ void CParser::CloseArgumentContent(Token ended, std::size_t contentOpen) {
 // Runs up to the first "<#" that is not doubled, or to the end of the text.
 CParser::Token CParser::ReadText(CParsePart& owner, std::size_t from) {
   const std::size_t open = FindScriptOpen(from);
-  if (open > from) owner.AppendChild(PartKind::Text, from, WStringView()).SetValue(WStringView(text_ + from, open - from));
+  if (open > from) {
+    owner.AppendChild(PartKind::Text, from, WStringView()).SetValue(WStringView(text_ + from, open - from));
+  }
   if (open == length_) return Token{TokenKind::End, length_, length_};
   return Token{TokenKind::ScriptOpen, open, open + 2};
 }

@@ -70,7 +70,8 @@ TEST(Parser, BuildsTheTreesOfWellFormedTemplates) {
       {"<# f c: (#>a<# g c: (#>b<#) #>c<#) #>", "f(c:[T\"a\", g(c:[T\"b\"]), T\"c\"])"},
       {"<# f c: (g; h c: (i)) d #>", "f(c:[g(), h(c:[i()])] d)"},
       {"a <#<#<# f #>", "T\"a <#<#\", f()"},
-      {"\xC3\xA9<# f x: \"\xE2\x82\xAC\" #>\xF0\x9F\x98\x80", "T\"\xC3\xA9\", f(x=\"\xE2\x82\xAC\"), T\"\xF0\x9F\x98\x80\""},
+      {"\xC3\xA9<# f x: \"\xE2\x82\xAC\" #>\xF0\x9F\x98\x80",
+       "T\"\xC3\xA9\", f(x=\"\xE2\x82\xAC\"), T\"\xF0\x9F\x98\x80\""},
   };
   ExpectShapes(std::begin(cases), std::end(cases));
 }
@@ -168,6 +169,7 @@ TEST(Parser, ReportsEachSyntaxErrorAtItsPlaceForEveryLineEnd) {
       {"<# f x: (#>text #>", "Argument content not closed before end of template", 1, 9},
       {"<# f x: (#>text\n<#", "Argument content not closed before end of template", 1, 9},
       {"<# f x: (", "Argument content not closed before end of template", 1, 9},
+      {"<# f x: (g #>", "Argument content not closed before end of template", 1, 9},
       {"<# f x: (g y: (h)\n", "Script not closed before end of template", 1, 9},
       {"<# f x: ( g", "Script not closed before end of template", 1, 9},
       {"<# f x: (g y: (\nh; ", "Script not closed before end of template", 1, 15},
