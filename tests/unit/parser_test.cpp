@@ -1,0 +1,287 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "engine/parser.h"
+#include "text/utf8.h"
+
+namespace NScrivolt {
+namespace {
+
+const WString kContext = u"file \"t.txt\"";
+
+// A compact picture of a tree: Text as T"...", a call as name(arguments),
+// a flag as its name, quoted text as name="value", a reference as name=ref,
+// content as name:[parts]; siblings are separated by ", " and arguments by " ".
+std::string Dump(const CParsePart& part) {
+  const std::string name = WideToUtf8(part.Name());
+  const std::string value = WideToUtf8(part.Value());
+  std::string list;
+  const char* separator = part.Kind() == PartKind::Call ? " " : ", ";
+  for (const CParsePartRef& child : part.Children()) {
+    if (!list.empty()) list += separator;
+    list += Dump(*child);
+  }
+  switch (part.Kind()) {
+    case PartKind::Template: return list;
+    case PartKind::Text: return "T\"" + value + "\"";
+    case PartKind::Call: return name + "(" + list + ")";
+    case PartKind::ArgFlag: return name;
+    case PartKind::ArgText: return name + "=\"" + value + "\"";
+    case PartKind::ArgReference: return name + "=" + value;
+    case PartKind::ArgContent: return name + ":[" + list + "]";
+  }
+  return "?";
+}
+
+struct ShapeCase {
+  const char* source;
+  const char* tree;
+};
+
+void ExpectShapes(const ShapeCase* begin, const ShapeCase* end) {
+  for (const ShapeCase* c = begin; c != end; ++c) {
+    CParser parser;
+    EXPECT_EQ(WideToUtf8(parser.Parse(Utf8ToWide(c->source), kContext)), "") << c->source;
+    EXPECT_EQ(Dump(*parser.GetRoot()), c->tree) << c->source;
+  }
+}
+
+TEST(Parser, BuildsTheTreesOfWellFormedTemplates) {
+  const ShapeCase cases[] = {
+      {"", ""},
+      {"plain text ) ; #> {not a comment}", "T\"plain text ) ; #> {not a comment}\""},
+      {"Dear <# use param: \"Name\" #>,", "T\"Dear \", use(param=\"Name\"), T\",\""},
+      {"<# set param: \"Total\" to: \"0\"; set param: \"Count\" to: \"0\" #>",
+       "set(param=\"Total\" to=\"0\"), set(param=\"Count\" to=\"0\")"},
+      {"<# if what: Mode is: \"full\" then: (#>all details<#) else: (#>summary<#) #>",
+       "if(what=Mode is=\"full\" then:[T\"all details\"] else:[T\"summary\"])"},
+      {"<# {a comment {nested} } nooutput content: (set param: \"x\" to: Y.#2.Z) #>",
+       "nooutput(content:[set(param=\"x\" to=Y.#2.Z)])"},
+      {"Price: 5 <#<# not a script #>#>", "T\"Price: 5 <#<# not a script #>#>\""},
+      {"abc<#", "T\"abc\""},
+      {"<##>", ""},
+      {"<# ; #>", ""},
+      {"<# f ; ; g #><#h#>", "f(), g(), h()"},
+      {"<# f a:\"x\"b:\"y\" #>", "f(a=\"x\" b=\"y\")"},
+      {"<# my-func_2 flag -1: 2.#3 _x : a.b-c.#_ #>", "my-func_2(flag -1=2.#3 _x=a.b-c.#_)"},
+      {"<# f x: \"two\nlines\" #>", "f(x=\"two\nlines\")"},
+      {"<#\tf\r\n\tx:\r\n(\r\n)#>", "f(x:[])"},
+      {"<# f c: (#>a<# g c: (#>b<#) #>c<#) #>", "f(c:[T\"a\", g(c:[T\"b\"]), T\"c\"])"},
+      {"<# f c: (g; h c: (i)) d #>", "f(c:[g(), h(c:[i()])] d)"},
+      {"a <#<#<# f #>", "T\"a <#<#\", f()"},
+      {"\xC3\xA9<# f x: \"\xE2\x82\xAC\" #>\xF0\x9F\x98\x80",
+       "T\"\xC3\xA9\", f(x=\"\xE2\x82\xAC\"), T\"\xF0\x9F\x98\x80\""},
+  };
+  ExpectShapes(std::begin(cases), std::end(cases));
+}
+
+TEST(Parser, UndoublesQuotesInTextValues) {
+  const ShapeCase cases[] = {
+      {"<# f x: \"\" #>", "f(x=\"\")"},
+      {"<# f x: \"\"\"\" #>", "f(x=\"\"\")"},
+      {"<# f x: \"a\"\"b\" #>", "f(x=\"a\"b\")"},
+      {"<# f x: \"a\"\"\" #>", "f(x=\"a\"\")"},
+      {"<# f x: \"\"\"\"\"\" #>", "f(x=\"\"\"\")"},
+      {"<# f x: \"<#<# #>\" #>", "f(x=\"<#<# #>\")"},
+  };
+  ExpectShapes(std::begin(cases), std::end(cases));
+}
+
+TEST(Parser, SkipsCommentsWhereSpaceMayStand) {
+  const ShapeCase cases[] = {
+      {"<# {c} f #>", "f()"},
+      {"<# { {{ } f #>", "f()"},
+      {"<# { { } f } g #>", "g()"},
+      {"<# { a }} f } g #>", "g()"},
+      {"<# { #> ; ) \" } f #>", "f()"},
+      {"<# f{c}x{c}:{c}\"1\"{c}y #>", "f(x=\"1\" y)"},
+      {"<# f x: ({c}) #>", "f(x:[])"},
+      {"{c}<# f #>", "T\"{c}\", f()"},
+  };
+  ExpectShapes(std::begin(cases), std::end(cases));
+}
+
+TEST(Parser, LocatesPartsAtTheirFirstCharacter) {
+  CParser parser;
+  ASSERT_EQ(parser.Parse(u"ab\r\n<# f\n  x: \"v\" c: (#>t<#) #>", kContext), u"");
+  const CParsePart& root = *parser.GetRoot();
+  ASSERT_EQ(root.Children().size(), 2u);
+  const CParsePart& text = *root.Children()[0];
+  const CParsePart& call = *root.Children()[1];
+  ASSERT_EQ(call.Children().size(), 2u);
+  const CParsePart& content = *call.Children()[1];
+  struct Expected {
+    const CParsePart* part;
+    std::size_t position, line, column;
+  };
+  const Expected expected[] = {
+      {&root, 0, 1, 1}, {&text, 0, 1, 1}, {&call, 7, 2, 4}, {call.Children()[0].Get(), 11, 3, 3},
+      {&content, 18, 3, 10}, {content.Children()[0].Get(), 24, 3, 16},
+  };
+  for (const Expected& e : expected) {
+    const ParseLocation location = e.part->Location();
+    EXPECT_EQ(location.position, e.position) << Dump(*e.part);
+    EXPECT_EQ(location.line, e.line) << Dump(*e.part);
+    EXPECT_EQ(location.column, e.column) << Dump(*e.part);
+    EXPECT_EQ(location.context, kContext);
+  }
+}
+
+struct ErrorCase {
+  const char* source;  // "\n" stands for the line break under test
+  const char* message;
+  std::size_t line;
+  std::size_t column;
+};
+
+std::string ExpectedErrorLine(const ErrorCase& c) {
+  return std::string("- ") + c.message + " at line " + std::to_string(c.line) + ", column " +
+         std::to_string(c.column) + ", file \"t.txt\"";
+}
+
+std::string WithLineEnds(const char* source, const char* lineEnd) {
+  std::string result;
+  for (const char* c = source; *c != 0; ++c) {
+    if (*c == '\n') {
+      result += lineEnd;
+    } else {
+      result += *c;
+    }
+  }
+  return result;
+}
+
+TEST(Parser, ReportsEachSyntaxErrorAtItsPlaceForEveryLineEnd) {
+  const ErrorCase cases[] = {
+      {"abc<# set", "Script not closed before end of template", 1, 4},
+      {"<# x;", "Script not closed before end of template", 1, 1},
+      {"<# ", "Script not closed before end of template", 1, 1},
+      {"a\n\n <# f a: \"1\";\n g", "Script not closed before end of template", 3, 2},
+      {"<# f {open comment #>", "Script not closed before end of template", 1, 1},
+      {"<# a b: #>", "Illegal content found in stead of argument value", 1, 9},
+      {"<# f x: \"1\" y: ) #>", "Illegal content found in stead of argument value", 1, 16},
+      {"<# a b:", "Argument value not found before end of template", 1, 8},
+      {"<# a b:\n  ", "Argument value not found before end of template", 2, 3},
+      {"<# a b: {unclosed", "Argument value not found before end of template", 1, 18},
+      {"<# f x: \"un\"\"closed #>", "Text value not closed properly", 1, 10},
+      {"<# f\n  x: \"\"\"", "Text value not closed properly", 2, 7},
+      {"<# f x: (#>text #>", "Argument content not closed before end of template", 1, 9},
+      {"<# f x: (#>text\n<#", "Argument content not closed before end of template", 1, 9},
+      {"<# f x: (", "Argument content not closed before end of template", 1, 9},
+      {"<# f x: (g #>", "Argument content not closed before end of template", 1, 9},
+      {"<# f x: (g y: (h)\n", "Script not closed before end of template", 1, 9},
+      {"<# f x: ( g", "Script not closed before end of template", 1, 9},
+      {"<# f x: (g y: (\nh; ", "Script not closed before end of template", 1, 15},
+      {"<# f ) #>", "Script continuation without open script", 1, 6},
+      {"x\n<# f x: (g) ) #>", "Script continuation without open script", 2, 13},
+      {"<# my.func #>", "Illegal content found in stead of argument name", 1, 6},
+      {"<# f x: a..b #>", "Illegal content found in stead of argument name", 1, 11},
+      {"<# f x: a.#.b #>", "Illegal content found in stead of argument name", 1, 12},
+      {"<# f \"x\" #>", "Illegal content found in stead of argument name", 1, 6},
+      {"<# <# #>", "Illegal content found in stead of function name", 1, 4},
+      {"text\n<# f;\n .g #>", "Illegal content found in stead of function name", 3, 2},
+  };
+  const std::pair<const char*, const char*> lineEnds[] = {{"LF", "\n"}, {"CR", "\r"}, {"CRLF", "\r\n"}};
+  for (const auto& lineEnd : lineEnds) {
+    for (const ErrorCase& c : cases) {
+      CParser parser;
+      EXPECT_EQ(WideToUtf8(parser.Parse(Utf8ToWide(WithLineEnds(c.source, lineEnd.second)), kContext)),
+                ExpectedErrorLine(c))
+          << c.source << " with " << lineEnd.first;
+    }
+  }
+}
+
+TEST(Parser, KeepsTheTreeBuiltBeforeAnError) {
+  const ShapeCase cases[] = {
+      {"a<# f x: \"1\"; g y: ", "T\"a\", f(x=\"1\"), g(y)"},
+      {"<# f x: \"open", "f(x=\"\")"},
+      {"<# f c: (#>t #>", "f(c:[T\"t #>\"])"},
+      {"<# f ) g #>", "f()"},
+  };
+  for (const ShapeCase& c : cases) {
+    CParser parser;
+    EXPECT_NE(parser.Parse(Utf8ToWide(c.source), kContext), u"") << c.source;
+    EXPECT_EQ(Dump(*parser.GetRoot()), c.tree) << c.source;
+  }
+}
+
+TEST(Parser, ANewParseReplacesTheTreeAndAnEarlierError) {
+  CParser parser;
+  EXPECT_EQ(Dump(*parser.GetRoot()), "");
+  EXPECT_NE(parser.Parse(u"<# f", kContext), u"");
+  EXPECT_EQ(parser.Parse(u"<# g #>", u"other"), u"");
+  EXPECT_EQ(Dump(*parser.GetRoot()), "g()");
+  EXPECT_EQ(parser.Locate(3).context, u"other");
+}
+
+TEST(Parser, PartsOutliveTheirParser) {
+  CParsePartRef call;
+  {
+    CParser parser;
+    ASSERT_EQ(parser.Parse(u"x\n<# f a: \"q\"\"q\" b: r #>", kContext), u"");
+    call = parser.GetRoot()->Children()[1];
+  }
+  EXPECT_EQ(Dump(*call), "f(a=\"q\"q\" b=r)");
+  EXPECT_EQ(call->Location().line, 2u);
+  EXPECT_EQ(call->Location().context, kContext);
+}
+
+TEST(Parser, ContentCopySharesTheChildren) {
+  CParser parser;
+  ASSERT_EQ(parser.Parse(u"<# makefunction content: (#>body<# g #>!<#) #>", kContext), u"");
+  const CParsePartRef content = parser.GetRoot()->Children()[0]->Children()[0];
+  const CParsePartRef copy = content->CopyAsContent();
+  EXPECT_NE(copy.Get(), content.Get());
+  EXPECT_EQ(copy->Kind(), PartKind::ArgContent);
+  EXPECT_EQ(copy->Name(), u"content");
+  EXPECT_EQ(copy->Position(), content->Position());
+  ASSERT_EQ(copy->Children().size(), 3u);
+  for (std::size_t i = 0; i < 3; ++i) {
+    EXPECT_EQ(copy->Children()[i].Get(), content->Children()[i].Get());
+    EXPECT_EQ(copy->Children()[i].UseCount(), 2u);
+  }
+}
+
+// Builds "<#" followed by `depth` times "f x: (", optionally closed again.
+WString NestedContents(std::size_t depth, bool closed) {
+  WString text = u"<#";
+  text.reserve(2 + depth * 7 + 2);
+  for (std::size_t i = 0; i < depth; ++i) text += u"f x: (";
+  if (closed) {
+    text.append(depth, u')');
+    text += u"#>";
+  }
+  return text;
+}
+
+constexpr std::size_t kDeepNesting = 1000000;
+
+TEST(Parser, ParsesAndFreesAMillionNestedContents) {
+  CParsePartRef root;
+  {
+    CParser parser;
+    ASSERT_EQ(parser.Parse(NestedContents(kDeepNesting, true), kContext), u"");
+    root = parser.GetRoot();
+  }
+  std::size_t depth = 0;
+  const CParsePart* part = root.Get();
+  while (!part->Children().empty()) {
+    part = part->Children()[0].Get();
+    if (part->Kind() == PartKind::ArgContent) ++depth;
+  }
+  EXPECT_EQ(depth, kDeepNesting);
+  root.Reset();  // frees the whole chain without recursing
+}
+
+TEST(Parser, ReportsAMillionNestedUnclosedContentsAtTheInnermost) {
+  CParser parser;
+  const std::size_t innermost = 2 + 6 * (kDeepNesting - 1) + 5;
+  EXPECT_EQ(WideToUtf8(parser.Parse(NestedContents(kDeepNesting, false), kContext)),
+            "- Argument content not closed before end of template at line 1, column " +
+                std::to_string(innermost + 1) + ", file \"t.txt\"");
+}
+
+}  // namespace
+}  // namespace NScrivolt

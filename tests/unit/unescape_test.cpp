@@ -1,0 +1,42 @@
+#include <gtest/gtest.h>
+
+#include "engine/unescape.h"
+#include "text/utf8.h"
+
+namespace NScrivolt {
+namespace {
+
+struct UnescapeCase {
+  const WChar* text;
+  const WChar* expected;
+};
+
+TEST(UnescapeText, UndoublesScriptMarkersOpenersFirst) {
+  const UnescapeCase cases[] = {
+      {u"", u""},
+      {u"plain <# and #> stay", u"plain <# and #> stay"},
+      {u"<#<#", u"<#"},
+      {u"#>#>", u"#>"},
+      {u"<#<#<#", u"<#<#"},
+      {u"<#<#<#<#", u"<#<#"},
+      {u"a#>#>#>b", u"a#>#>b"},
+      {u"Price: 5 <#<# not a script #>#>", u"Price: 5 <# not a script #>"},
+      // The first replacement joins "#<#" and ">#>" into "#<#>#>", whose
+      // "#>#>" the second replacement then undoubles.
+      {u"#<#<#>#>", u"#<#>"},
+      {u"<#<##>#>", u"<##>"},
+  };
+  for (const UnescapeCase& c : cases) {
+    EXPECT_EQ(WideToUtf8(UnescapeText(c.text)), WideToUtf8(c.expected)) << WideToUtf8(c.text);
+  }
+}
+
+TEST(UnescapeText, AppendsBehindWhatTheOutputHolds) {
+  WString output = u"head ";
+  AppendUnescapedText(output, u"a <#<# b");
+  AppendUnescapedText(output, u" c");
+  EXPECT_EQ(output, u"head a <# b c");
+}
+
+}  // namespace
+}  // namespace NScrivolt
