@@ -1,5 +1,6 @@
 #include "text/text.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace NScrivolt {
@@ -77,6 +78,21 @@ CText& CText::Replace(WStringView placeholder, const CText& value, bool firstOnl
 
 CText& CText::Replace(WStringView placeholder, std::int32_t value, bool firstOnly) {
   return Replace(placeholder, WStringView(IntegerToText(value)), firstOnly);
+}
+
+CText& CText::Fill(std::initializer_list<Filler> fillers) {
+  struct Slot {
+    size_t position;
+    const Filler* filler;
+  };
+  std::vector<Slot> slots;
+  for (const Filler& filler : fillers) {
+    const size_t position = filler.placeholder.empty() ? WString::npos : text_.find(filler.placeholder);
+    if (position != WString::npos) slots.push_back({position, &filler});
+  }
+  std::sort(slots.begin(), slots.end(), [](const Slot& a, const Slot& b) { return a.position > b.position; });
+  for (const Slot& slot : slots) text_.replace(slot.position, slot.filler->placeholder.size(), slot.filler->value);
+  return *this;
 }
 
 }  // namespace NScrivolt

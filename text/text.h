@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 
 #include "text/message_ids.h"
 #include "text/resource_module.h"
@@ -40,7 +41,22 @@ class CText {
   // only the first occurrence is replaced. A missing placeholder changes nothing.
   CText& Replace(WStringView placeholder, WStringView value, bool firstOnly = true);
   CText& Replace(WStringView placeholder, const CText& value, bool firstOnly = true);
+  CText& Replace(WStringView placeholder, const WChar* value, bool firstOnly = true) {
+    return Replace(placeholder, WStringView(value), firstOnly);
+  }
+  CText& Replace(WStringView placeholder, const WString& value, bool firstOnly = true) {
+    return Replace(placeholder, WStringView(value), firstOnly);
+  }
   CText& Replace(WStringView placeholder, std::int32_t value, bool firstOnly = true);
+
+  struct Filler {
+    WStringView placeholder;
+    WStringView value;
+  };
+  // Fills the first occurrence of each placeholder. The placeholders are
+  // filled from the last one in the text to the first, so a value that holds
+  // another placeholder's name is never mistaken for that placeholder.
+  CText& Fill(std::initializer_list<Filler> fillers);
 
   // Loads by the rules of a resource module: the primary module with a buffer
   // of 256 units, doubled while a load fills it; then the fallback; then the default.

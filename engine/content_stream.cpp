@@ -1,0 +1,79 @@
+#include "engine/content_stream.h"
+
+#include <utility>
+
+#include "engine/process_context.h"
+#include "text/file_io.h"
+#include "text/text.h"
+
+namespace NScrivolt {
+
+void CContent::Attach(CProcessContext& context, CFileRecord& record) {
+  context_ = &context;
+  record_ = &record;
+  Prepare();
+}
+
+CFileContentSource::CFileContentSource(WString path, EncodingType type, bool isExplicit, bool skipIfMissing,
+                                       bool setInFile)
+    : path_(std::move(path)),
+      setInFile_(setInFile),
+      type_(type),
+      explicit_(isExplicit),
+      skipIfMissing_(skipIfMissing) {}
+
+void CFileContentSource::Prepare() {
+  if (setInFile_) record_->inFile = path_;
+  record_->currentFile = path_;
+  record_->description =
+      !description.empty() ? description : CText(MsgFileDescription).Replace(u"[FILEPATH]", WStringView(path_)).str();
+  record_->encoding = EncodingInfo{};
+  if (explicit_) record_->encoding.type = type_;
+}
+
+WString CFileContentSource::Read(WString& text) {
+  WString errorText;
+  const WString resolved = ResolveFilePath(path_, BaseFolder(*context_));
+  ReadTextFile(resolved, text, skipIfMissing_, record_->encoding, explicit_, errorText);
+  return errorText;
+}
+
+CStringContentSource::CStringContentSource(WString text) : text_(std::move(text)) {}
+
+void CStringContentSource::Prepare() {
+  record_->description = !description.empty() ? description : CText(MsgReprocessedContent).str();
+}
+
+WString CStringContentSource::Read(WString& text) {
+  text = std::move(text_);  // a source is read once
+  return WString();
+}
+
+CFileContentDest::CFileContentDest(WString path, EncodingType type, bool isExplicit, bool setOutFile)
+    : path_(std::move(path)), setOutFile_(setOutFile), type_(type), explicit_(isExplicit) {}
+
+void CFileContentDest::Prepare() {
+  if (setOutFile_) record_->outFile = path_;
+}
+
+WString CFileContentDest::Write(WString text) {
+  EncodingInfo encoding = record_->encoding;
+  if (explicit_) {
+    encoding = EncodingInfo{};
+    encoding.type = type_;
+    encoding.bom = true;
+  }
+  WString errorText;
+  const WString resolved = ResolveFilePath(path_, BaseFolder(*context_));
+  WriteTextFile(resolved, text, encoding, explicit_, errorText);
+  return errorText;
+}
+
+CStringContentDest::CStringContentDest(WString* target) : target_(target) {}
+
+WString CStringContentDest::Write(WString text) {
+  if (target_ != nullptr) *target_ = std::move(text);
+  return WString();
+}
+
+}  // namespace NScrivolt

@@ -1,0 +1,104 @@
+// Content streams: where the text of a processing comes from (a file or a
+// text in memory) and where the produced text goes (a file or a text in
+// memory). Process attaches a source and a destination to its file record,
+// reads the source once and, when nothing failed, writes the destination once.
+#pragma once
+
+#include "engine/file_record.h"
+#include "text/encoding.h"
+#include "text/wide_string.h"
+
+namespace NScrivolt {
+
+class CProcessContext;
+
+class CContent {
+ public:
+  virtual ~CContent() = default;
+
+  // Remembers the context (for the base folder) and the record, then lets
+  // the object fill the record fields that concern it.
+  void Attach(CProcessContext& context, CFileRecord& record);
+
+ protected:
+  virtual void Prepare() = 0;
+
+  CProcessContext* context_ = nullptr;  // not owning; null until attached
+  CFileRecord* record_ = nullptr;       // not owning; null until attached
+};
+
+class CContentSource : public CContent {
+ public:
+  // Reads the whole text; returns the error text (empty on success).
+  virtual WString Read(WString& text) = 0;
+
+  // Replaces the standard description in the record when not empty.
+  WString description;
+};
+
+class CFileContentSource : public CContentSource {
+ public:
+  CFileContentSource() = default;
+  CFileContentSource(WString path, EncodingType type, bool isExplicit, bool skipIfMissing, bool setInFile);
+  WString Read(WString& text) override;
+
+ protected:
+  void Prepare() override;
+
+ private:
+  WString path_;  // as given, resolved only when read
+  bool setInFile_ = false;
+  EncodingType type_ = EncodingType::Ascii;
+  bool explicit_ = false;
+  bool skipIfMissing_ = false;
+};
+
+class CStringContentSource : public CContentSource {
+ public:
+  CStringContentSource() = default;
+  explicit CStringContentSource(WString text);
+  WString Read(WString& text) override;
+
+ protected:
+  void Prepare() override;
+
+ private:
+  WString text_;
+};
+
+class CContentDest : public CContent {
+ public:
+  // Writes the whole produced text; returns the error text (empty on success).
+  virtual WString Write(WString text) = 0;
+};
+
+class CFileContentDest : public CContentDest {
+ public:
+  CFileContentDest() = default;
+  CFileContentDest(WString path, EncodingType type, bool isExplicit, bool setOutFile);
+  WString Write(WString text) override;
+
+ protected:
+  void Prepare() override;
+
+ private:
+  WString path_;  // as given, resolved only when written
+  bool setOutFile_ = false;
+  EncodingType type_ = EncodingType::Ascii;
+  bool explicit_ = false;
+};
+
+class CStringContentDest : public CContentDest {
+ public:
+  CStringContentDest() = default;
+  explicit CStringContentDest(WString* target);
+  WString Write(WString text) override;
+
+ protected:
+  void Prepare() override {}
+
+ private:
+  WString* target_ = nullptr;  // owned by the caller
+};
+
+}  // namespace NScrivolt

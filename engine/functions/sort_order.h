@@ -1,0 +1,27 @@
+// CFunctionSortOrder: the "orderby" argument shared by the functions that
+// walk sub-parameters in an order ("foreach", "join", "sortsubparams").
+#pragma once
+
+#include "engine/function.h"
+#include "engine/param_order.h"
+
+namespace NScrivolt {
+
+class CFunctionSortOrder : public CFunction {
+ public:
+  // Claims "orderby"; deriving classes try their own names when this
+  // returns kArgumentUnknown.
+  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+
+ protected:
+  // Evaluates "orderby" into an order and a direction; leaves the caller's
+  // defaults untouched when the argument is absent. Error 40124 for a word
+  // other than "nameasc", "numberasc", "valueasc", "namedesc", "numberdesc",
+  // "valuedesc" (compared ignoring case).
+  WString EvaluateOrder(CProcessContext& context, ParamOrder& order, bool& descending) const;
+
+ private:
+  ArgumentSlot orderBy_ = nullptr;
+};
+
+}  // namespace NScrivolt

@@ -1,0 +1,101 @@
+#include "engine/functions/user_function_definition.h"
+
+#include <utility>
+
+#include "engine/error_report.h"
+#include "engine/function_factory.h"
+#include "engine/process_context.h"
+#include "text/text.h"
+
+namespace NScrivolt {
+
+namespace {
+
+// Argument names of "makefunction" per kind, and their names in messages.
+constexpr WStringView kKindArguments[kArgumentKindCount] = {u"arg", u"optarg", u"optemptyarg", u"multiarg",
+                                                            u"optmultiarg"};
+constexpr WStringView kKindDisplayNames[kArgumentKindCount] = {u"Arg", u"OptArg", u"OptEmptyArg", u"MultiArg",
+                                                               u"OptMultiArg"};
+
+// Evaluates the "name" argument and checks it is a function name.
+WString EvaluateFunctionName(const CFunction& function, ArgumentSlot namePart, CProcessContext& context,
+                             WString& name, WString& lowerName) {
+  WString errorText = EvaluateText(function, namePart, u"Name", context, false, name);
+  if (errorText.empty()) errorText = CheckFunctionName(name, *namePart, lowerName);
+  return errorText;
+}
+
+}  // namespace
+
+int CFunctionMakeFunction::AcceptArgument(const WString& name, const CParsePartRef& part) {
+  if (name == u"name") return BindArgument(name_, part);
+  if (name == u"content") {
+    if (content_) return kArgumentGivenTwice;
+    content_ = part;
+    return kArgumentAccepted;
+  }
+  for (std::size_t kind = 0; kind < kArgumentKindCount; ++kind) {
+    if (name == kKindArguments[kind]) return AppendArgument(declarations_[kind], part);
+  }
+  return kArgumentUnknown;
+}
+
+WString CFunctionMakeFunction::Execute(CProcessContext& context, WString&) {
+  WString name;
+  WString lowerName;
+  WString errorText = EvaluateFunctionName(*this, name_, context, name, lowerName);
+  if (!errorText.empty()) return errorText;
+  if (!content_) {
+    AddError(errorText, CText(MsgArgumentMissing).Replace(u"[ARG]", u"Content"), CallPart().Location());
+    return errorText;
+  }
+  CUserFunctionRef definition = CUserFunctionRef::Make();
+  definition->name = std::move(name);
+  definition->body = content_;
+  errorText = DeclareArguments(context, *definition);
+  if (errorText.empty()) context.userFunctions.AddDefinition(lowerName, std::move(definition));
+  return errorText;
+}
+
+// Each declared argument names the one top-level parameter that carries its
+// value during a call; a later declaration of a name under the same kind wins.
+WString CFunctionMakeFunction::DeclareArguments(CProcessContext& context, CUserFunction& definition) const {
+  for (std::size_t kind = 0; kind < kArgumentKindCount; ++kind) {
+    for (const CParsePartRef& argument : declarations_[kind]) {
+      CParamQualifier qualifier;
+      WString text;
+      WString errorText = EvaluateQualifier(*this, argument.Get(), kKindDisplayNames[kind], context, true,
+                                            qualifier, &text);
+      if (errorText.empty() && qualifier.size() != 1) {
+        AddError(errorText, CText(MsgArgumentDefinitionHasIndices).Replace(u"[PARAM]", WStringView(text)),
+                 argument->Location());
+      }
+      if (!errorText.empty()) return errorText;
+      definition.declarations[kind][qualifier.front().key] = CArgumentDeclaration{argument, qualifier.front()};
+    }
+  }
+  return WString();
+}
+
+int CFunctionDeleteFunction::AcceptArgument(const WString& name, const CParsePartRef& part) {
+  if (name == u"name") return BindArgument(name_, part);
+  return kArgumentUnknown;
+}
+
+WString CFunctionDeleteFunction::Execute(CProcessContext& context, WString&) {
+  WString name;
+  WString lowerName;
+  WString errorText = EvaluateFunctionName(*this, name_, context, name, lowerName);
+  if (errorText.empty()) context.userFunctions.RemoveDefinition(lowerName);
+  return errorText;
+}
+
+CBuiltInFamily UserFunctionFunctions() {
+  static const CBuiltInFunction kFunctions[] = {
+      {u"deletefunction", Make<CFunctionDeleteFunction>},
+      {u"makefunction", Make<CFunctionMakeFunction>},
+  };
+  return {kFunctions, std::size(kFunctions)};
+}
+
+}  // namespace NScrivolt

@@ -1,0 +1,37 @@
+// "makefunction" and "deletefunction": templates define and remove their own
+// functions.
+#pragma once
+
+#include <array>
+
+#include "engine/function.h"
+#include "engine/user_functions.h"
+
+namespace NScrivolt {
+
+// makefunction name: N content: (...) [arg: A] [optarg: A] [optemptyarg: A]
+// [multiarg: A] [optmultiarg: A] — registers a function; no output.
+class CFunctionMakeFunction : public CFunction {
+ public:
+  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  WString Execute(CProcessContext& context, WString& output) override;
+
+ private:
+  WString DeclareArguments(CProcessContext& context, CUserFunction& definition) const;
+
+  ArgumentSlot name_ = nullptr;
+  CParsePartRef content_;
+  std::array<ArgumentList, kArgumentKindCount> declarations_;
+};
+
+// deletefunction name: N — removes the oldest definition of N; no output.
+class CFunctionDeleteFunction : public CFunction {
+ public:
+  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  WString Execute(CProcessContext& context, WString& output) override;
+
+ private:
+  ArgumentSlot name_ = nullptr;
+};
+
+}  // namespace NScrivolt

@@ -1,0 +1,131 @@
+#include "engine/process.h"
+
+#include <memory>
+#include <utility>
+
+#include "engine/current_directory_change.h"
+#include "engine/error_report.h"
+#include "engine/function.h"
+#include "engine/parser.h"
+#include "engine/unescape.h"
+#include "text/file_io.h"
+#include "text/text.h"
+
+namespace NScrivolt {
+
+namespace {
+
+// Keeps the record on the context's stack for the lifetime of the object.
+class CRecordPush {
+ public:
+  CRecordPush(CProcessContext& context, CFileRecord& record) : context_(context) {
+    context_.records.push_back(&record);
+  }
+  ~CRecordPush() { context_.records.pop_back(); }
+  CRecordPush(const CRecordPush&) = delete;
+  CRecordPush& operator=(const CRecordPush&) = delete;
+
+ private:
+  CProcessContext& context_;
+};
+
+const WStringView kRunParams[] = {kInFileParam, kCurrentFileParam, kOutFileParam};
+
+// What a processing puts back when it ends: everything for an isolated one,
+// the three file parameters otherwise.
+class CStateKeeper {
+ public:
+  CStateKeeper(CProcessContext& context, bool isolated) : context_(context), isolated_(isolated) {
+    if (isolated_) {
+      parameters_ = std::make_unique<CParams>(context.parameters);
+      userFunctions_ = std::make_unique<CUserFunctions>(context.userFunctions);
+    } else {
+      for (size_t i = 0; i < std::size(kRunParams); ++i) kept_[i] = TopLevelValue(context, kRunParams[i]);
+    }
+  }
+  ~CStateKeeper() {
+    if (isolated_) {
+      context_.parameters = *parameters_;
+      context_.userFunctions = *userFunctions_;
+    } else {
+      for (size_t i = 0; i < std::size(kRunParams); ++i) SetTopLevelValue(context_, kRunParams[i], kept_[i]);
+    }
+  }
+  CStateKeeper(const CStateKeeper&) = delete;
+  CStateKeeper& operator=(const CStateKeeper&) = delete;
+
+ private:
+  CProcessContext& context_;
+  bool isolated_;
+  std::unique_ptr<CParams> parameters_;
+  std::unique_ptr<CUserFunctions> userFunctions_;
+  WString kept_[std::size(kRunParams)];
+};
+
+// Parses and evaluates a template text with the file parameters set for the
+// run, in the folder of the template's file.
+WString EvaluateTemplate(CProcessContext& context, const CFileRecord& record, WString text, bool isolated,
+                         WString& output) {
+  CCurrentDirectoryChange directory;
+  if (!record.currentFile.empty()) directory.ToFolderOf(ResolveFilePath(record.currentFile, BaseFolder(context)));
+  CStateKeeper keeper(context, isolated);
+  SetTopLevelValue(context, kInFileParam, record.inFile);
+  SetTopLevelValue(context, kCurrentFileParam, record.currentFile);
+  SetTopLevelValue(context, kOutFileParam, record.outFile);
+  CParser parser;
+  WString errorText = parser.Parse(std::move(text), record.description);
+  if (errorText.empty()) errorText = EvaluateParts(*parser.GetRoot(), context, output);
+  return errorText;
+}
+
+}  // namespace
+
+WString Process(CProcessContext& context, CContentSource& source, CContentDest& destination, bool evaluate,
+                bool isolated) {
+  CFileRecord record = context.CurrentRecord();
+  record.source = &source;
+  record.dest = &destination;
+  CRecordPush push(context, record);
+  source.Attach(context, record);
+  destination.Attach(context, record);
+  WString text;
+  WString errorText = source.Read(text);
+  if (!errorText.empty()) return errorText;
+  WString output;
+  if (evaluate) {
+    errorText = EvaluateTemplate(context, record, std::move(text), isolated, output);
+  } else {
+    output = std::move(text);
+  }
+  if (errorText.empty()) errorText = destination.Write(std::move(output));
+  return errorText;
+}
+
+WString EvaluateParts(const CParsePart& part, CProcessContext& context, WString& output) {
+  WString errorText = EnterNesting(context, part);
+  if (!errorText.empty()) return errorText;
+  for (const CParsePartRef& child : part.Children()) {
+    if (child->Kind() == PartKind::Text) {
+      AppendUnescapedText(output, child->Value());
+      continue;
+    }
+    std::unique_ptr<CFunction> function;
+    errorText = SetUpCall(*child, context, function);
+    if (!errorText.empty()) break;
+    WString result;
+    errorText = function->Execute(context, result);
+    if (!errorText.empty()) {
+      AddError(errorText, CText(MsgErrorProcessingFunction).Replace(u"[FUNC]", child->Name()), child->Location());
+      break;
+    }
+    if (output.empty()) {
+      output = std::move(result);
+    } else {
+      output += result;
+    }
+  }
+  LeaveNesting(context);
+  return errorText;
+}
+
+}  // namespace NScrivolt

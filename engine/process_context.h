@@ -1,0 +1,65 @@
+// CProcessContext: everything one processing run works on — the parameter
+// tree, the user-defined functions, the nesting depth and the stack of file
+// records — handed by reference to every engine operation.
+#pragma once
+
+#include <vector>
+
+#include "engine/file_record.h"
+#include "engine/param.h"
+#include "engine/user_functions.h"
+#include "text/wide_string.h"
+
+namespace NScrivolt {
+
+class CParsePart;
+
+// Part lists may be evaluated this many levels below the template itself.
+constexpr int kMaxNestingDepth = 1000;
+
+// Names of the parameters the engine itself reads and sets.
+inline constexpr WStringView kBasePathParam = u"_BasePath";
+inline constexpr WStringView kCurrentInFileParam = u"_CurrentInFile";
+inline constexpr WStringView kInFileParam = u"_InFile";
+inline constexpr WStringView kCurrentFileParam = u"_CurrentFile";
+inline constexpr WStringView kOutFileParam = u"_OutFile";
+
+class CProcessContext {
+ public:
+  CProcessContext();
+  CProcessContext(const CProcessContext&) = delete;
+  CProcessContext& operator=(const CProcessContext&) = delete;
+  virtual ~CProcessContext() = default;
+
+  CParams parameters;
+  CUserFunctions userFunctions;
+  int nestingDepth = 0;
+  // The innermost record is the last one; the base record is always first.
+  std::vector<CFileRecord*> records;
+
+  CParam& Root() { return parameters.Root(); }
+  const CParam& Root() const { return parameters.Root(); }
+  CFileRecord& CurrentRecord() { return *records.back(); }
+
+ private:
+  CFileRecord baseRecord_;
+};
+
+// Enters one more level of nested evaluation; error 40106 located at `at`
+// when the depth is already above the limit.
+WString EnterNesting(CProcessContext& context, const CParsePart& at);
+void LeaveNesting(CProcessContext& context);
+
+// The folder relative paths are resolved against: _BasePath when not empty,
+// else the folder part of _CurrentInFile when that is not empty, else empty.
+WString BaseFolder(const CProcessContext& context);
+
+// Sets _BasePath at the top of the tree, creating it when needed.
+void SetBasePath(CProcessContext& context, const WString& path);
+
+// Value of a top-level parameter, empty when it does not exist.
+WString TopLevelValue(const CProcessContext& context, WStringView name);
+// Sets a top-level parameter's value, creating it when needed.
+void SetTopLevelValue(CProcessContext& context, WStringView name, WString value);
+
+}  // namespace NScrivolt

@@ -1,0 +1,98 @@
+#!/usr/bin/env bash
+# Runs the end-to-end cases: each folder under tests/e2e/cases is one run of
+# the real program.
+#
+#   args          the arguments, one per line (UTF-8); may be empty
+#   in/           files copied into a fresh working folder, the run's current directory
+#   expected/     files that must exist afterwards with exactly these bytes
+#   absent        names (one per line) that must NOT exist afterwards
+#   exit_code     the expected exit code (0 when missing)
+#   stdout        expected standard output (POSIX program only)
+#   stderr        expected standard error (POSIX program only; message boxes)
+#   platforms     "posix" or "windows" when the case holds for one program only
+#
+# In produced files, standard output and standard error, the working folder's
+# absolute path is replaced by {DIR} before comparing, so expected bytes do not
+# depend on where the run happens.
+#
+# Usage: run.sh [--windows] PROGRAM [CASE...]
+set -uo pipefail
+
+platform=posix
+if [ "${1:-}" = "--windows" ]; then platform=windows; shift; fi
+program=$(realpath "$1"); shift
+here=$(cd "$(dirname "$0")" && pwd)
+cases=("$@")
+[ ${#cases[@]} -gt 0 ] || mapfile -t cases < <(cd "$here/cases" && ls -d */ | sed 's:/$::')
+
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+failed=0
+passed=0
+
+# The working folder as the program sees it: a POSIX path, or the Wine drive path.
+program_dir() {
+  if [ "$platform" = windows ]; then printf 'Z:%s' "${1//\//\\}"; else printf '%s' "$1"; fi
+}
+
+normalise() {  # file, folder as the program saw it
+  local seen=$2
+  sed -i "s|$(printf '%s' "$seen" | sed 's/[\\|.*^$[]/\\&/g')|{DIR}|g" "$1"
+}
+
+run_case() {
+  local name=$1 case_dir="$here/cases/$1"
+  if [ -f "$case_dir/platforms" ] && ! grep -qx "$platform" "$case_dir/platforms"; then return 0; fi
+  local work="$scratch/$name"
+  mkdir -p "$work"
+  [ -d "$case_dir/in" ] && cp -a "$case_dir/in/." "$work/"
+  local args=()
+  [ -f "$case_dir/args" ] && mapfile -t args < "$case_dir/args"
+  local code
+  if [ "$platform" = windows ]; then
+    (cd "$work" && wine "$program" "${args[@]}" >"$scratch/$name.stdout" 2>"$scratch/$name.stderr")
+  else
+    (cd "$work" && "$program" "${args[@]}" >"$scratch/$name.stdout" 2>"$scratch/$name.stderr")
+  fi
+  code=$?
+  local expected_code=0 problems=()
+  [ -f "$case_dir/exit_code" ] && expected_code=$(tr -d '[:space:]' < "$case_dir/exit_code")
+  [ "$code" = "$expected_code" ] || problems+=("exit code $code, expected $expected_code")
+  local seen; seen=$(program_dir "$work")
+  if [ -d "$case_dir/expected" ]; then
+    while IFS= read -r -d '' file; do
+      local rel=${file#"$case_dir/expected/"}
+      if [ ! -f "$work/$rel" ]; then problems+=("missing $rel"); continue; fi
+      cp "$work/$rel" "$scratch/actual"
+      normalise "$scratch/actual" "$seen"
+      cmp -s "$scratch/actual" "$file" || problems+=("$rel differs: $(cmp "$scratch/actual" "$file" 2>&1 | head -1)")
+    done < <(find "$case_dir/expected" -type f -print0)
+  fi
+  if [ -f "$case_dir/absent" ]; then
+    while IFS= read -r rel; do
+      [ -z "$rel" ] || [ ! -e "$work/$rel" ] || problems+=("$rel exists but must not")
+    done < "$case_dir/absent"
+  fi
+  if [ "$platform" = posix ]; then
+    for stream in stdout stderr; do
+      if [ -f "$case_dir/$stream" ]; then
+        normalise "$scratch/$name.$stream" "$seen"
+        cmp -s "$scratch/$name.$stream" "$case_dir/$stream" || problems+=("$stream differs")
+      fi
+    done
+  fi
+  if [ ${#problems[@]} -eq 0 ]; then
+    passed=$((passed + 1))
+  else
+    failed=$((failed + 1))
+    echo "FAIL $name"
+    printf '  %s\n' "${problems[@]}"
+    for stream in stdout stderr; do
+      [ -s "$scratch/$name.$stream" ] && { echo "  --- $stream:"; sed 's/^/  | /' "$scratch/$name.$stream" | head -20; }
+    done
+  fi
+}
+
+for name in "${cases[@]}"; do run_case "$name"; done
+echo "end-to-end ($platform): $passed passed, $failed failed"
+[ "$failed" = 0 ]

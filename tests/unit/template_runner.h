@@ -1,0 +1,37 @@
+// Runs template texts through the engine for tests: the text is the source,
+// the produced text and the error report are what a test looks at.
+#pragma once
+
+#include "engine/content_stream.h"
+#include "engine/process.h"
+#include "engine/process_context.h"
+#include "text/utf8.h"
+
+namespace NScrivolt {
+
+struct TemplateRun {
+  WString output;
+  WString errors;
+};
+
+inline TemplateRun RunTemplate(CProcessContext& context, WStringView text, bool isolated = false) {
+  TemplateRun run;
+  CStringContentSource source{WString(text)};
+  CStringContentDest destination(&run.output);
+  run.errors = Process(context, source, destination, true, isolated);
+  return run;
+}
+
+inline TemplateRun RunTemplate(WStringView text) {
+  CProcessContext context;
+  return RunTemplate(context, text);
+}
+
+// The error report as UTF-8, lines joined by "\n", for readable failures.
+inline std::string Lines(WStringView errors) {
+  std::string text = WideToUtf8(errors);
+  for (size_t at = text.find("\r\n"); at != std::string::npos; at = text.find("\r\n", at)) text.replace(at, 2, "\n");
+  return text;
+}
+
+}  // namespace NScrivolt
