@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "unit/ansi_samples.h"
 #include "unit/file_case_run.h"
@@ -262,6 +263,25 @@ TEST(ExternalFiles, TheCurrentDirectoryIsBackAfterAFailedProcessing) {
   run.Put({{"sub/a.txt", "<# use param: \"missing\" #>"}, {"b.txt", "top b"}});
   EXPECT_NE(run.Run(u"<# process file: \"sub/a.txt\" #>").errors, u"");
   EXPECT_EQ(WideToUtf8(run.Run(u"<# input file: \"b.txt\" #>").output), "top b");
+}
+
+// Each nested processing is one level deeper: a file that processes itself
+// stops at the nesting limit, with one line for every call on the way out.
+TEST(ExternalFiles, AFileThatProcessesItselfStopsAtTheNestingLimit) {
+  CFileCaseRun run;
+  run.Put({{"self.txt", "<# process file: \"self.txt\" #>"}});
+  const std::string report = Lines(run.Run(u"<# process file: \"self.txt\" #>").errors);
+  std::vector<std::string> lines;
+  for (size_t start = 0, end = 0; end != std::string::npos; start = end + 1) {
+    end = report.find('\n', start);
+    lines.push_back(report.substr(start, end - start));
+  }
+  ASSERT_EQ(lines.size(), 1u + 1 + kMaxNestingDepth);
+  EXPECT_EQ(lines.front(), "- Too many nested function calls (1000) at line 1, column 1, file \"self.txt\"");
+  for (size_t i = 1; i + 1 < lines.size(); ++i) {
+    ASSERT_EQ(lines[i], "- Error processing function \"process\" at line 1, column 4, file \"self.txt\"") << i;
+  }
+  EXPECT_EQ(lines.back(), "- Error processing function \"process\" at line 1, column 4, re-processed content");
 }
 
 }  // namespace
