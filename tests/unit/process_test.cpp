@@ -142,7 +142,7 @@ TEST_F(FileProcess, TheTemplatesFolderIsTheCurrentDirectoryWhileItRuns) {
   WString before;
   ASSERT_TRUE(Platform::CurrentDirectory(before));
   CFileContentSource source(folder_.Path("in.txt"), EncodingType::Ascii, false, false, true);
-  CFileContentDest destination(u"relative-out.txt", EncodingType::Ascii, false, true);
+  CFileContentDest destination(folder_.Path("out.txt"), EncodingType::Ascii, false, true);
   EXPECT_EQ(Lines(Process(context_, source, destination, true, true)), "");
   WString after;
   ASSERT_TRUE(Platform::CurrentDirectory(after));
