@@ -1,16 +1,27 @@
 #include "platform/win32/html_help.h"
 
-#include <htmlhelp.h>
-#include <oleauto.h>
-
 #include "platform/files.h"
 #include "platform/win32/wide_cast.h"
+
+// After <windows.h>, which it builds on.
+#include <oleauto.h>
 
 namespace NScrivolt::Platform {
 
 namespace {
 
 using HtmlHelpFunction = HWND(WINAPI*)(HWND, LPCWSTR, UINT, DWORD_PTR);
+
+// The viewer's commands and its last-error record, as its interface defines
+// them (the cross compiler's headers lack the record).
+constexpr UINT kDisplayTopic = 0x0000;
+constexpr UINT kGetLastError = 0x0014;
+
+struct HelpLastError {
+  int cbStruct;
+  HRESULT hr;
+  BSTR description;
+};
 
 constexpr wchar_t kHelpControlKey[] = L"CLSID\\{ADB880A6-D8FF-11CF-9377-00AA003B7A11}\\InprocServer32";
 constexpr wchar_t kHelpControlLibrary[] = L"hhctrl.ocx";
@@ -62,16 +73,16 @@ CHTMLHelp::ShowResult CHTMLHelp::ShowTopic(const WString& page, const WString& w
   if (entry == nullptr) return kViewerFailed;
   WString request = file_ + u"::/" + page;
   if (!windowName.empty()) request += u">" + windowName;
-  const HWND viewer = entry(GetDesktopWindow(), AsWin(request), HH_DISPLAY_TOPIC, 0);
+  const HWND viewer = entry(GetDesktopWindow(), AsWin(request), kDisplayTopic, 0);
   return viewer != nullptr ? kShown : kViewerFailed;
 }
 
 WString CHTMLHelp::GetLastErrorText() const {
   const HtmlHelpFunction entry = HtmlHelpEntry();
   if (entry == nullptr) return WString();
-  HH_LAST_ERROR lastError = {};
+  HelpLastError lastError = {};
   lastError.cbStruct = sizeof(lastError);
-  entry(nullptr, nullptr, HH_GET_LAST_ERROR, reinterpret_cast<DWORD_PTR>(&lastError));
+  entry(nullptr, nullptr, kGetLastError, reinterpret_cast<DWORD_PTR>(&lastError));
   WString text;
   if (FAILED(lastError.hr) && lastError.description != nullptr) text = FromWin(lastError.description);
   if (lastError.description != nullptr) SysFreeString(lastError.description);
