@@ -1,7 +1,7 @@
 # The two commands of the README:
 #   make demo   builds the Linux program and runs the letter example
 #   make test   installs what is missing, builds both targets, runs every test
-.PHONY: demo test deps linux linux-asan windows unit asan-unit windows-unit e2e bench fuzz clean
+.PHONY: demo test deps linux linux-asan windows unit asan-unit windows-unit e2e windows-e2e bench fuzz clean
 
 JOBS ?= $(shell nproc)
 
@@ -32,10 +32,18 @@ asan-unit: linux-asan
 windows-unit: windows
 	./scripts/test_windows.sh build/windows
 
+e2e: linux
+	./tests/e2e/run.sh build/linux/scrivolt
+
+windows-e2e: windows
+	./scripts/test_windows.sh build/windows --e2e
+
 test: deps
 	$(MAKE) unit
 	$(MAKE) asan-unit
 	$(MAKE) windows-unit
+	$(MAKE) e2e
+	$(MAKE) windows-e2e
 	@echo "All tests passed."
 
 clean:
