@@ -6,7 +6,10 @@
 JOBS ?= $(shell nproc)
 
 demo: linux
-	./build/linux/scrivolt
+	./build/linux/scrivolt /set Name World /in examples/letter/letter.txt /out build/letter-out.txt /go
+	@cat build/letter-out.txt
+	./build/linux/scrivolt /commandfile examples/invitations/invitations.txt
+	@cat build/invitation-ann.txt build/invitation-bob.txt
 
 deps:
 	./scripts/install_dependencies.sh
