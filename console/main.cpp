@@ -39,7 +39,7 @@ std::vector<WString> VisibleArguments(int argc, char** argv) {
 }
 
 bool IsHelpSwitch(const WString& token) {
-  if (!IsSwitchToken(token, Platform::SwitchSyntax::KnownNameOrDash)) return false;
+  if (!IsSwitchToken(token, Platform::NativeSwitchSyntax())) return false;
   const SwitchKind kind = FindSwitch(SwitchNameOf(token));
   return kind == SwitchKind::Question || kind == SwitchKind::Help;
 }

@@ -1,11 +1,14 @@
 #include <gtest/gtest.h>
 
 #include <cctype>
+#include <iterator>
 #include <string>
 #include <vector>
 
 #include "cmdline/cmd_line.h"
 #include "cmdline/command_line_arguments.h"
+#include "cmdline/switch_table.h"
+#include "text/usage_text.h"
 #include "text/utf8.h"
 
 namespace NScrivolt {
@@ -163,6 +166,22 @@ const ArgumentsCase kArgumentsCases[] = {
 TEST(CommandLineArguments, ProgramNameIsRemoved) {
   for (const ArgumentsCase& c : kArgumentsCases) {
     EXPECT_EQ(GetCommandLineArguments(c.commandLine), c.arguments) << c.name;
+  }
+}
+
+// The usage text explains every switch the table knows, each on a line of
+// its own below the heading.
+TEST(UsageText, NamesEverySwitch) {
+  const WString usage = UsageText();
+  const WStringView names[] = {u"\n  /?",          u"/help",        u"\n  /set ",        u"\n  /setsubparams ",
+                               u"\n  /unset ",     u"\n  /basepath ", u"\n  /in ",         u"\n  /out ",
+                               u"\n  /commandfile ", u"\n  /feedbackdest ", u"\n  /feedbackmode ", u"\n  /inencoding ",
+                               u"\n  /outencoding ", u"\n  /commandfileencoding ", u"\n  /go\n"};
+  static_assert(std::size(names) == std::size_t(SwitchKind::Unknown), "one entry per switch");
+  for (const WStringView name : names) {
+    EXPECT_NE(usage.find(name), WString::npos) << WideToUtf8(name);
+    const WStringView bare = name.substr(name.find(u'/') + 1);
+    EXPECT_NE(FindSwitch(bare.substr(0, bare.find_first_of(u" \n"))), SwitchKind::Unknown) << WideToUtf8(name);
   }
 }
 
