@@ -1,4 +1,5 @@
 // The switches: which tokens each one takes, what it changes, how it fails.
+#include <iterator>
 #include <utility>
 
 #include "cmdline/cmd_line_processor.h"
@@ -144,8 +145,9 @@ SwitchResult CCmdLineProcessor::SetFeedbackDest(const CSwitchOptions& options) {
 // "/feedbackmode" ("all" | "error" | "none")
 SwitchResult CCmdLineProcessor::SetFeedbackMode(const CSwitchOptions& options) {
   if (!options.Has(0)) return FailFor(MsgFeedbackModeNotSpecified, options);
+  // Indexed by FeedbackMode.
   const WStringView names[] = {u"all", u"error", u"none"};
-  for (int mode = 0; mode < 3; ++mode) {
+  for (std::size_t mode = 0; mode < std::size(names); ++mode) {
     if (EqualsIgnoreCase(options.Text(0), names[mode])) {
       description_.feedbackMode = FeedbackMode(mode);
       return Consumed(1);
