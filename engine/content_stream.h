@@ -32,6 +32,10 @@ class CContentSource : public CContent {
   // Reads the whole text; returns the error text (empty on success).
   virtual WString Read(WString& text) = 0;
 
+  // A template read from a file is evaluated in that file's folder; a text
+  // from memory stays in the folder of the template that produced it.
+  virtual bool IsFile() const { return false; }
+
   // Replaces the standard description in the record when not empty.
   WString description;
 };
@@ -41,6 +45,7 @@ class CFileContentSource : public CContentSource {
   CFileContentSource() = default;
   CFileContentSource(WString path, EncodingType type, bool isExplicit, bool skipIfMissing, bool setInFile);
   WString Read(WString& text) override;
+  bool IsFile() const override { return true; }
 
  protected:
   void Prepare() override;

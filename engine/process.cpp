@@ -63,11 +63,15 @@ class CStateKeeper {
 };
 
 // Parses and evaluates a template text with the file parameters set for the
-// run, in the folder of the template's file.
+// run, in the folder of the template's file. A text from memory keeps the
+// current directory: the currentFile it inherits is relative to the folder
+// that was current when the enclosing file was read, not to this one.
 WString EvaluateTemplate(CProcessContext& context, const CFileRecord& record, WString text, bool isolated,
                          WString& output) {
   CCurrentDirectoryChange directory;
-  if (!record.currentFile.empty()) directory.ToFolderOf(ResolveFilePath(record.currentFile, BaseFolder(context)));
+  if (record.source->IsFile() && !record.currentFile.empty()) {
+    directory.ToFolderOf(ResolveFilePath(record.currentFile, BaseFolder(context)));
+  }
   CStateKeeper keeper(context, isolated);
   SetTopLevelValue(context, kInFileParam, record.inFile);
   SetTopLevelValue(context, kCurrentFileParam, record.currentFile);

@@ -1,7 +1,169 @@
+#include "engine/functions/external_file_functions.h"
+
+#include <utility>
+
+#include "engine/error_report.h"
 #include "engine/function_factory.h"
+#include "engine/process.h"
+#include "platform/message_box.h"
+#include "text/text.h"
 
 namespace NScrivolt {
 
-CBuiltInFamily ExternalFileFunctions() { return {nullptr, 0}; }
+namespace {
+
+// A function's result joins what the output already holds, without a copy
+// when there is nothing before it.
+void AppendResult(WString& output, WString&& result) {
+  if (output.empty()) {
+    output = std::move(result);
+  } else {
+    output += result;
+  }
+}
+
+// Runs a source into the function's output: evaluated as a template against
+// the caller's parameters and user functions, or copied as it is.
+WString ProcessIntoOutput(CProcessContext& context, CContentSource& source, bool evaluate, WString& output) {
+  WString text;
+  CStringContentDest destination(&text);
+  WString errorText = Process(context, source, destination, evaluate, false);
+  if (errorText.empty()) AppendResult(output, std::move(text));
+  return errorText;
+}
+
+WString CallError(const CFunction& function, MessageId message) {
+  WString errorText;
+  AddError(errorText, CText(message), function.CallPart().Location());
+  return errorText;
+}
+
+}  // namespace
+
+WString CFunctionExternalFile::EvaluateFileEncoding(CProcessContext& context, EncodingType& type,
+                                                    bool& isExplicit) const {
+  type = EncodingType::Ascii;
+  isExplicit = false;
+  if (fileEncoding_ == nullptr) return WString();
+  WString name;
+  WString errorText = EvaluateText(*this, fileEncoding_, u"FileEncoding", context, false, name);
+  if (!errorText.empty()) return errorText;
+  if (!ParseEncodingName(name, type, isExplicit)) {
+    AddError(errorText, CText(MsgUnknownOption).Fill({{u"[OPT]", name}, {u"[ARG]", fileEncoding_->Name()}}),
+             fileEncoding_->Location());
+  }
+  return errorText;
+}
+
+WString CFunctionExternalFile::MakeFileSource(CProcessContext& context, const CParsePart* file, bool skipIfMissing,
+                                              std::unique_ptr<CContentSource>& source) const {
+  WString path;
+  WString errorText = EvaluateText(*this, file, u"File", context, false, path);
+  if (!errorText.empty()) return errorText;
+  EncodingType type;
+  bool isExplicit;
+  errorText = EvaluateFileEncoding(context, type, isExplicit);
+  if (errorText.empty()) {
+    source = std::make_unique<CFileContentSource>(std::move(path), type, isExplicit, skipIfMissing, false);
+  }
+  return errorText;
+}
+
+int CFunctionInput::AcceptArgument(const WString& name, const CParsePartRef& part) {
+  if (name == u"file") return BindArgument(file_, part);
+  if (name == u"skipifmissing") return BindArgument(skipIfMissing_, part);
+  if (name == u"fileencoding") return BindArgument(fileEncoding_, part);
+  return kArgumentUnknown;
+}
+
+WString CFunctionInput::Execute(CProcessContext& context, WString& output) {
+  std::unique_ptr<CContentSource> source;
+  WString errorText = MakeFileSource(context, file_, skipIfMissing_ != nullptr, source);
+  if (errorText.empty()) errorText = ProcessIntoOutput(context, *source, false, output);
+  return errorText;
+}
+
+int CFunctionProcess::AcceptArgument(const WString& name, const CParsePartRef& part) {
+  if (name == u"file") return BindArgument(file_, part);
+  if (name == u"content") return BindArgument(content_, part);
+  if (name == u"skipifmissing") return BindArgument(skipIfMissing_, part);
+  if (name == u"fileencoding") return BindArgument(fileEncoding_, part);
+  return kArgumentUnknown;
+}
+
+WString CFunctionProcess::MakeSource(CProcessContext& context, std::unique_ptr<CContentSource>& source) const {
+  if (file_ != nullptr) return MakeFileSource(context, file_, skipIfMissing_ != nullptr, source);
+  WString text;
+  WString errorText = EvaluateText(*this, content_, u"Content", context, false, text);
+  if (errorText.empty()) source = std::make_unique<CStringContentSource>(std::move(text));
+  return errorText;
+}
+
+WString CFunctionProcess::Execute(CProcessContext& context, WString& output) {
+  if (file_ == nullptr && content_ == nullptr) return CallError(*this, MsgFileOrContentMissing);
+  if (file_ != nullptr && content_ != nullptr) return CallError(*this, MsgFileAndContent);
+  std::unique_ptr<CContentSource> source;
+  WString errorText = MakeSource(context, source);
+  if (errorText.empty()) errorText = ProcessIntoOutput(context, *source, true, output);
+  return errorText;
+}
+
+int CFunctionOutput::AcceptArgument(const WString& name, const CParsePartRef& part) {
+  if (name == u"screen") return BindArgument(screen_, part);
+  if (name == u"file") return AppendArgument(files_, part);
+  if (name == u"functionresult") return BindArgument(functionResult_, part);
+  if (name == u"content") return BindArgument(content_, part);
+  if (name == u"fileencoding") return BindArgument(fileEncoding_, part);
+  return kArgumentUnknown;
+}
+
+WString CFunctionOutput::EvaluateFiles(CProcessContext& context, std::vector<WString>& paths) const {
+  paths.reserve(files_.size());
+  for (const CParsePartRef& file : files_) {
+    WString path;
+    WString errorText = EvaluateText(*this, file.Get(), u"File", context, false, path);
+    if (!errorText.empty()) return errorText;
+    paths.push_back(std::move(path));
+  }
+  return WString();
+}
+
+WString CFunctionOutput::WriteFiles(CProcessContext& context, const std::vector<WString>& paths,
+                                    const WString& content, EncodingType type, bool isExplicit) {
+  WString errorText;
+  for (size_t i = 0; i < paths.size() && errorText.empty(); ++i) {
+    // Each file gets its own source: a text source hands its text over when read.
+    CStringContentSource source(content);
+    CFileContentDest destination(paths[i], type, isExplicit, false);
+    errorText = Process(context, source, destination, false, false);
+  }
+  return errorText;
+}
+
+WString CFunctionOutput::Execute(CProcessContext& context, WString& output) {
+  std::vector<WString> paths;
+  WString errorText = EvaluateFiles(context, paths);
+  WString content;
+  if (errorText.empty()) errorText = EvaluateText(*this, content_, u"Content", context, false, content);
+  EncodingType type;
+  bool isExplicit;
+  if (errorText.empty()) errorText = EvaluateFileEncoding(context, type, isExplicit);
+  if (!errorText.empty()) return errorText;
+  errorText = WriteFiles(context, paths, content, type, isExplicit);
+  if (screen_ != nullptr) {
+    Platform::ShowMessageBox(content, CText(MsgIntermediateOutputTitle).str(), Platform::MessageBoxIcon::None);
+  }
+  if (functionResult_ != nullptr) AppendResult(output, std::move(content));
+  return errorText;
+}
+
+CBuiltInFamily ExternalFileFunctions() {
+  static const CBuiltInFunction kFunctions[] = {
+      {u"input", Make<CFunctionInput>},
+      {u"output", Make<CFunctionOutput>},
+      {u"process", Make<CFunctionProcess>},
+  };
+  return {kFunctions, std::size(kFunctions)};
+}
 
 }  // namespace NScrivolt

@@ -1,0 +1,84 @@
+// "input", "process" and "output": script functions that reach files other
+// than the template's own input and output. All three move text through the
+// content streams and Process, so reading, writing, encodings, path
+// resolution and the file error messages are those of the file layer.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "engine/content_stream.h"
+#include "engine/function.h"
+#include "text/encoding.h"
+
+namespace NScrivolt {
+
+// The shared "fileencoding" handling. Claims no argument name itself: each
+// deriving class binds `fileEncoding_` among its own names.
+class CFunctionExternalFile : public CFunction {
+ protected:
+  // Absent or "auto": type Ascii, isExplicit false. A type keyword ("ascii",
+  // "utf8", "utf16", "utf16le", "utf16be", ignoring case): that type, isExplicit
+  // true. Anything else: error 40124 at the argument, before any file is touched.
+  WString EvaluateFileEncoding(CProcessContext& context, EncodingType& type, bool& isExplicit) const;
+
+  // Evaluates `file` (display name "File") and "fileencoding" into a source
+  // that reads that file; `skipIfMissing` makes a missing file empty text.
+  WString MakeFileSource(CProcessContext& context, const CParsePart* file, bool skipIfMissing,
+                         std::unique_ptr<CContentSource>& source) const;
+
+  ArgumentSlot fileEncoding_ = nullptr;
+};
+
+// input file: F [skipifmissing] [fileencoding: E] — the file's text exactly as
+// decoded; script markers in it stay literal.
+class CFunctionInput : public CFunctionExternalFile {
+ public:
+  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  WString Execute(CProcessContext& context, WString& output) override;
+
+ private:
+  ArgumentSlot file_ = nullptr;
+  ArgumentSlot skipIfMissing_ = nullptr;
+};
+
+// process file: F [skipifmissing] [fileencoding: E] | process content: C —
+// evaluates a template file or text against the caller's parameters and user
+// functions, which keep every change; only _InFile, _CurrentFile and _OutFile
+// are put back. The produced text is the result.
+class CFunctionProcess : public CFunctionExternalFile {
+ public:
+  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  WString Execute(CProcessContext& context, WString& output) override;
+
+ private:
+  // The source to evaluate: the file, or the evaluated content text.
+  WString MakeSource(CProcessContext& context, std::unique_ptr<CContentSource>& source) const;
+
+  ArgumentSlot file_ = nullptr;
+  ArgumentSlot content_ = nullptr;
+  ArgumentSlot skipIfMissing_ = nullptr;
+};
+
+// output content: C [file: F]... [fileencoding: E] [screen] [functionresult] —
+// writes C to every file in turn until one fails, shows it on the screen, and
+// is C itself only with "functionresult". Screen and result happen even after
+// a file failed.
+class CFunctionOutput : public CFunctionExternalFile {
+ public:
+  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  WString Execute(CProcessContext& context, WString& output) override;
+
+ private:
+  WString EvaluateFiles(CProcessContext& context, std::vector<WString>& paths) const;
+  // Writes the content to each path in turn; the first failure ends it.
+  static WString WriteFiles(CProcessContext& context, const std::vector<WString>& paths, const WString& content,
+                            EncodingType type, bool isExplicit);
+
+  ArgumentSlot screen_ = nullptr;
+  ArgumentList files_;
+  ArgumentSlot functionResult_ = nullptr;
+  ArgumentSlot content_ = nullptr;
+};
+
+}  // namespace NScrivolt
