@@ -136,3 +136,4 @@ MESSAGE(40145, ShellUnknownError, u"unknown error")
 
 // Messages of this program beyond the original table.
 MESSAGE(40146, CommandFilesNestedTooDeep, u"Too many nested command files ([NUMBER]) while reading command file \"[FILEPATH]\"")
+MESSAGE(40147, XmlNestedTooDeep, u"Too many nested sub-tags ([NUMBER]) to encode as XML")
