@@ -27,7 +27,7 @@ namespace NScrivolt {
 
 // Formatted XML indents each line by one tab per level, so its length grows
 // with the square of the nesting; trees nested deeper than this are refused.
-constexpr std::size_t kMaxEncodedXmlDepth = 10000;
+constexpr std::size_t kMaxEncodedXmlDepth = 1000;
 
 // Reads `text` as an XML document into `target`, which the caller has
 // cleared. Any problem the reader finds, warnings included, leaves the target
