@@ -29,7 +29,9 @@ using Generator = WString (*)(std::size_t units);
 WString Prose(std::size_t units) {
   WString text;
   text.reserve(units + 100);
-  while (text.size() < units) text += u"The quick brown fox jumps over the lazy dog; the Fox & the <hound> said \"hi\".\r\n";
+  while (text.size() < units) {
+    text += u"The quick brown fox jumps over the lazy dog; the Fox & the <hound> said \"hi\".\r\n";
+  }
   return text;
 }
 

@@ -58,7 +58,8 @@ std::size_t SearchStartIndex(std::size_t length, std::optional<std::int32_t> sta
 }
 
 std::int32_t Position(std::size_t index) {
-  return index == CTextPattern::npos ? 0 : std::int32_t(std::min<std::size_t>(index + 1, std::numeric_limits<std::int32_t>::max()));
+  constexpr std::size_t kLargest = std::numeric_limits<std::int32_t>::max();
+  return index == CTextPattern::npos ? 0 : std::int32_t(std::min(index + 1, kLargest));
 }
 
 }  // namespace

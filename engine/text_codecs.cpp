@@ -40,7 +40,8 @@ WString XmlEncode(WStringView text) {
 }
 
 WString XmlDecode(WStringView text) {
-  return ReplaceSteps(text, {{u"&lt;", u"<"}, {u"&gt;", u">"}, {u"&quot;", u"\""}, {u"&apos;", u"'"}, {u"&amp;", u"&"}});
+  return ReplaceSteps(text,
+                      {{u"&lt;", u"<"}, {u"&gt;", u">"}, {u"&quot;", u"\""}, {u"&apos;", u"'"}, {u"&amp;", u"&"}});
 }
 
 // One pass, for the same reason as XmlEncode.

@@ -40,7 +40,8 @@ const CodecCase kCodecCases[] = {
      u"<# decode what: (#>Ann,\"Bo \"\"B\"\" Ltd\"\r\nCy,Dee<#) from: \"csvlines\" to: \"Rows\"; "
      u"encode what: Rows for: \"tsvlines\" #>",
      u"Ann\tBo \"B\" Ltd\r\nCy\tDee", ""},
-    {"xmltree round trip", u"<# decode what: \"<a><b>1</b></a>\" from: \"xmltree\" to: \"X\"; encode what: X for: \"xmltree\" #>",
+    {"xmltree round trip",
+     u"<# decode what: \"<a><b>1</b></a>\" from: \"xmltree\" to: \"X\"; encode what: X for: \"xmltree\" #>",
      u"<a>\n\t<b>1</b>\n</a>\n", ""},
     {"unknown decode format", u"<# decode what: \"a\" FROM: \"yaml\" #>", u"",
      "- Unknown option \"yaml\" for \"FROM\" found at line 1, column 21, re-processed content\n"
@@ -112,7 +113,8 @@ TEST(CodecFunctions, DecodeEmptiesItsTargetFirst) {
 TEST(CodecFunctions, StructuredDecodeReplacesEarlierContent) {
   CProcessContext context;
   const TemplateRun run = RunTemplate(
-      context, u"<# decode what: \"a,b\" from: \"csvline\" to: \"T\"; decode what: \"c\" from: \"csvline\" to: \"T\" #>");
+      context,
+      u"<# decode what: \"a,b\" from: \"csvline\" to: \"T\"; decode what: \"c\" from: \"csvline\" to: \"T\" #>");
   EXPECT_EQ(Lines(run.errors), "");
   EXPECT_EQ(Layout(*Find(context, u"T")), "{\"c\"}");
 }

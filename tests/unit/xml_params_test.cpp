@@ -21,8 +21,8 @@ const XmlDecodeCase kDecodeCases[] = {
      "{Name=\"\" Value=\"\" SubTags={{Name=\"xml\" Value=\"\" Attibutes={{Name=\"version\" Value=\"1.0\"}}} "
      "{Name=\"r\" Value=\"v\"}}}",
      ""},
-    {"two top elements", u"<a/><b/>", "{Name=\"\" Value=\"\" SubTags={{Name=\"a\" Value=\"\"} {Name=\"b\" Value=\"\"}}}",
-     ""},
+    {"two top elements", u"<a/><b/>",
+     "{Name=\"\" Value=\"\" SubTags={{Name=\"a\" Value=\"\"} {Name=\"b\" Value=\"\"}}}", ""},
     {"attribute without value", u"<a checked y='2'/>",
      "{Name=\"a\" Value=\"\" Attibutes={{Name=\"checked\" Value=\"\"} {Name=\"y\" Value=\"2\"}}}", ""},
     {"entities decoded", u"<a t=\"&lt;&#65;\">&AMP;&#x42;</a>",
