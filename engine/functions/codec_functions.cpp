@@ -1,7 +1,94 @@
+#include "engine/functions/codec_functions.h"
+
+#include <utility>
+
+#include "engine/codec_formats.h"
+#include "engine/error_report.h"
 #include "engine/function_factory.h"
+#include "engine/process_context.h"
+#include "text/text.h"
 
 namespace NScrivolt {
 
-CBuiltInFamily CodecFunctions() { return {nullptr, 0}; }
+namespace {
+
+// Error 40124 for a format keyword, at the argument that gave it.
+WString UnknownFormatError(const CParsePart& argument, WStringView keyword) {
+  WString errorText;
+  AddError(errorText, CText(MsgUnknownOption).Fill({{u"[OPT]", keyword}, {u"[ARG]", argument.Name()}}),
+           argument.Location());
+  return errorText;
+}
+
+}  // namespace
+
+// --- decode --------------------------------------------------------------------
+
+int CFunctionDecode::AcceptArgument(const WString& name, const CParsePartRef& part) {
+  if (name == u"what") return BindArgument(what_, part);
+  if (name == u"from") return BindArgument(from_, part);
+  if (name == u"to") return BindArgument(to_, part);
+  return kArgumentUnknown;
+}
+
+WString CFunctionDecode::Execute(CProcessContext& context, WString& output) {
+  WString keyword, what;
+  CParamQualifier target;
+  WString errorText = EvaluateText(*this, from_, u"From", context, false, keyword);
+  if (errorText.empty()) errorText = EvaluateText(*this, what_, u"What", context, false, what);
+  if (errorText.empty()) errorText = EvaluateQualifier(*this, to_, u"To", context, false, target);
+  if (!errorText.empty()) return errorText;
+  // The target is created and emptied whatever happens next.
+  if (to_ != nullptr) context.Root().FindParam(target, true)->Clear();
+
+  const CCodecFormat* format = FindCodecFormat(keyword);
+  if (format == nullptr) return UnknownFormatError(*from_, keyword);
+  if (!format->IsStructured()) {
+    WString text = format->decodeText(what);
+    if (to_ != nullptr) {
+      context.Root().FindParam(target, true)->SetValue(std::move(text));
+    } else {
+      output += text;
+    }
+    return errorText;
+  }
+  if (to_ == nullptr) {
+    AddError(errorText, CText(MsgArgumentMissing).Replace(u"[ARG]", u"To"), CallPart().Location());
+    return errorText;
+  }
+  return format->decodeTree(what, *context.Root().FindParam(target, true));
+}
+
+// --- encode --------------------------------------------------------------------
+
+int CFunctionEncode::AcceptArgument(const WString& name, const CParsePartRef& part) {
+  if (name == u"what") return BindArgument(what_, part);
+  if (name == u"for") return BindArgument(for_, part);
+  return kArgumentUnknown;
+}
+
+WString CFunctionEncode::Execute(CProcessContext& context, WString& output) {
+  WString keyword;
+  CParam what;
+  WString errorText = EvaluateText(*this, for_, u"For", context, false, keyword);
+  if (errorText.empty()) errorText = EvaluateParam(*this, what_, u"What", context, false, what);
+  if (!errorText.empty()) return errorText;
+
+  const CCodecFormat* format = FindCodecFormat(keyword);
+  if (format == nullptr) return UnknownFormatError(*for_, keyword);
+  if (!format->IsStructured()) {
+    output += format->encodeText(what.GetValue());
+    return errorText;
+  }
+  return format->encodeTree(what, output);
+}
+
+CBuiltInFamily CodecFunctions() {
+  static const CBuiltInFunction kFunctions[] = {
+      {u"decode", Make<CFunctionDecode>},
+      {u"encode", Make<CFunctionEncode>},
+  };
+  return {kFunctions, std::size(kFunctions)};
+}
 
 }  // namespace NScrivolt

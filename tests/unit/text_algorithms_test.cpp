@@ -1,0 +1,219 @@
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "engine/text_algorithms.h"
+#include "engine/text_pattern.h"
+#include "text/utf8.h"
+
+namespace NScrivolt {
+namespace {
+
+// The pattern search against the obvious quadratic one, over every text and
+// pattern of up to 6 and 3 units from an alphabet that mixes case.
+std::size_t NaiveFind(WStringView text, WStringView pattern, std::size_t from, bool caseSensitive) {
+  const WString t = caseSensitive ? WString(text) : ToLowerAscii(text);
+  const WString p = caseSensitive ? WString(pattern) : ToLowerAscii(pattern);
+  return from > t.size() ? WString::npos : t.find(p, from);
+}
+
+std::size_t NaiveFindLast(WStringView text, WStringView pattern, std::size_t last, bool caseSensitive) {
+  const WString t = caseSensitive ? WString(text) : ToLowerAscii(text);
+  const WString p = caseSensitive ? WString(pattern) : ToLowerAscii(pattern);
+  return t.rfind(p, last);
+}
+
+constexpr unsigned kLetters = 3;
+
+WString Word(unsigned code, std::size_t length) {
+  static const WChar kAlphabet[kLetters] = {u'a', u'A', u'b'};
+  WString word;
+  for (std::size_t i = 0; i < length; ++i, code /= kLetters) word += kAlphabet[code % kLetters];
+  return word;
+}
+
+unsigned WordCount(std::size_t length) {
+  unsigned count = 1;
+  for (std::size_t i = 0; i < length; ++i) count *= kLetters;
+  return count;
+}
+
+TEST(TextPattern, AgreesWithNaiveSearch) {
+  for (std::size_t textLength = 0; textLength <= 6; ++textLength) {
+    for (unsigned t = 0; t < WordCount(textLength); ++t) {
+      const WString text = Word(t, textLength);
+      for (std::size_t patternLength = 1; patternLength <= 3; ++patternLength) {
+        for (unsigned p = 0; p < WordCount(patternLength); ++p) {
+          const WString pattern = Word(p, patternLength);
+          for (bool caseSensitive : {true, false}) {
+            const CTextPattern search(pattern, caseSensitive);
+            for (std::size_t at = 0; at <= textLength + 1; ++at) {
+              ASSERT_EQ(search.FindFirst(text, at), NaiveFind(text, pattern, at, caseSensitive))
+                  << WideToUtf8(text) << " / " << WideToUtf8(pattern) << " from " << at;
+              ASSERT_EQ(search.FindLast(text, at), NaiveFindLast(text, pattern, at, caseSensitive))
+                  << WideToUtf8(text) << " / " << WideToUtf8(pattern) << " last " << at;
+            }
+          }
+        }
+      }
+    }
+  }
+}
+
+TEST(TextPattern, EmptyPatternIsFoundWhereTheSearchBegins) {
+  const CTextPattern empty(u"", true);
+  EXPECT_EQ(empty.FindFirst(u"abc", 0), 0u);
+  EXPECT_EQ(empty.FindFirst(u"abc", 3), 3u);
+  EXPECT_EQ(empty.FindFirst(u"abc", 4), CTextPattern::npos);
+  EXPECT_EQ(empty.FindLast(u"abc", 1), 1u);
+  EXPECT_EQ(empty.FindLast(u"abc", 9), 3u);
+}
+
+struct OccurrenceCase {
+  const char* name;
+  const WChar* text;
+  const WChar* pattern;
+  bool caseSensitive;
+  std::size_t count;
+  const WChar* replacedByXY;  // every occurrence replaced by "xY"
+};
+
+const OccurrenceCase kOccurrenceCases[] = {
+    {"non-overlapping", u"aaaa", u"aa", true, 2, u"xYxY"},
+    {"odd run leaves the rest", u"aaaaa", u"aa", true, 2, u"xYxYa"},
+    {"case-sensitive", u"aA", u"A", true, 1, u"axY"},
+    {"case-insensitive", u"aA", u"A", false, 2, u"xYxY"},
+    {"only A to Z fold", u"\u00c9\u00e9", u"\u00e9", false, 1, u"\u00c9xY"},
+    {"none", u"banana", u"x", false, 0, u"banana"},
+    {"empty pattern never occurs", u"abc", u"", false, 0, u"abc"},
+    {"empty text", u"", u"a", false, 0, u""},
+    {"whole text", u"Ab", u"aB", false, 1, u"xY"},
+    {"keeps the case around matches", u"XaBcX", u"b", false, 1, u"XaxYcX"},
+};
+
+TEST(TextAlgorithms, CountAndReplaceScanOnce) {
+  for (const OccurrenceCase& c : kOccurrenceCases) {
+    EXPECT_EQ(CountOccurrences(c.text, c.pattern, c.caseSensitive), c.count) << c.name;
+    EXPECT_EQ(ReplaceOccurrences(c.text, c.pattern, u"xY", c.caseSensitive), c.replacedByXY) << c.name;
+  }
+}
+
+struct ReplaceCase {
+  const WChar* text;
+  const WChar* pattern;
+  const WChar* by;
+  bool caseSensitive;
+  const WChar* expected;
+};
+
+const ReplaceCase kReplaceCases[] = {
+    {u"banana", u"a", u"aa", true, u"baanaanaa"},  // a replacement is not searched again
+    {u"banana", u"an", u"", true, u"ba"},
+    {u"aaa", u"a", u"A", false, u"AAA"},
+    {u"abab", u"AB", u"ba", false, u"baba"},  // no match across a replacement's end
+    {u"x", u"x", u"xx", false, u"xx"},
+};
+
+TEST(TextAlgorithms, ReplacementsAreNeverRescanned) {
+  for (const ReplaceCase& c : kReplaceCases) {
+    EXPECT_EQ(ReplaceOccurrences(c.text, c.pattern, c.by, c.caseSensitive), c.expected) << WideToUtf8(c.text);
+  }
+}
+
+std::vector<WString> Pieces(WStringView text, WStringView separator, bool caseSensitive) {
+  std::vector<WString> pieces;
+  SplitText(text, separator, caseSensitive, [&pieces](WStringView piece) { pieces.emplace_back(piece); });
+  return pieces;
+}
+
+TEST(TextAlgorithms, SplitKeepsEmptyPieces) {
+  using Pieces_ = std::vector<WString>;
+  EXPECT_EQ(Pieces(u"a,b,,c,", u",", true), (Pieces_{u"a", u"b", u"", u"c", u""}));
+  EXPECT_EQ(Pieces(u",a", u",", true), (Pieces_{u"", u"a"}));
+  EXPECT_EQ(Pieces(u"a;B;b", u"b", false), (Pieces_{u"a;", u";", u""}));
+  EXPECT_EQ(Pieces(u"a;B;b", u"b", true), (Pieces_{u"a;B;", u""}));
+  EXPECT_EQ(Pieces(u"", u",", true), (Pieces_{u""}));
+  EXPECT_EQ(Pieces(u"a--b", u"--", true), (Pieces_{u"a", u"b"}));
+  EXPECT_EQ(Pieces(u"a,b", u"", true), (Pieces_{u"a,b"}));
+}
+
+struct SearchCase {
+  const WChar* text;
+  const WChar* pattern;
+  std::optional<std::int32_t> start;
+  bool reverse;
+  bool caseSensitive;
+  std::int32_t expected;
+};
+
+const SearchCase kSearchCases[] = {
+    {u"banana", u"an", std::nullopt, false, false, 2},
+    {u"banana", u"an", 3, false, false, 4},
+    {u"banana", u"an", 2, false, false, 2},
+    {u"banana", u"an", -1, true, false, 4},
+    {u"banana", u"an", std::nullopt, true, false, 0},  // reverse from the first unit
+    {u"banana", u"ba", std::nullopt, true, false, 1},
+    {u"banana", u"an", 3, true, false, 2},
+    {u"banana", u"ana", -1, true, false, 4},  // occurrences may overlap the one not taken
+    {u"abc", u"x", std::nullopt, false, false, 0},
+    {u"aBc", u"b", std::nullopt, false, true, 0},
+    {u"aBc", u"b", std::nullopt, false, false, 2},
+    {u"banana", u"a", 0, false, false, 2},      // 0 is the first unit
+    {u"banana", u"b", 0, true, false, 1},       // and so for a reverse search
+    {u"banana", u"b", -100, false, false, 1},   // before the first unit: the first unit
+    {u"banana", u"a", -100, true, false, 0},
+    {u"banana", u"a", 7, false, false, 0},      // beyond the end: nothing after it
+    {u"banana", u"a", 100, true, false, 6},     // reverse from beyond the end: the end
+    {u"banana", u"", 3, false, false, 3},
+    {u"banana", u"", 7, false, false, 7},
+    {u"banana", u"", 8, false, false, 0},
+    {u"banana", u"", 100, true, false, 7},
+    {u"", u"", std::nullopt, false, false, 1},
+    {u"", u"a", -1, true, false, 0},
+};
+
+TEST(TextAlgorithms, SearchForwardAndReverse) {
+  for (const SearchCase& c : kSearchCases) {
+    EXPECT_EQ(SearchText(c.text, c.pattern, c.start, c.reverse, c.caseSensitive), c.expected)
+        << WideToUtf8(c.text) << " for " << WideToUtf8(c.pattern) << " start " << c.start.value_or(999)
+        << (c.reverse ? " reverse" : "");
+  }
+}
+
+struct SubCase {
+  const WChar* text;
+  std::int32_t start;
+  std::int32_t end;
+  const WChar* expected;
+};
+
+const SubCase kSubCases[] = {
+    {u"abcde", 2, 3, u"bc"},        {u"abcde", -2, 0, u"de"},     {u"abcde", 4, 2, u""},
+    {u"abc", 10, 0, u"c"},          {u"abc", 0, 0, u"abc"},       {u"abc", -10, 1, u"a"},
+    {u"abc", 1, -2, u"ab"},         {u"abc", 2, 99, u"bc"},       {u"", 1, 1, u""},
+    {u"abc", INT32_MIN, INT32_MIN, u"a"}, {u"abc", INT32_MAX, INT32_MAX, u"c"},
+};
+
+TEST(TextAlgorithms, SubClampsBothEnds) {
+  for (const SubCase& c : kSubCases) {
+    EXPECT_EQ(SubText(c.text, c.start, c.end), c.expected) << WideToUtf8(c.text) << " " << c.start << ".." << c.end;
+  }
+}
+
+TEST(TextAlgorithms, SumClampsTheExactTotal) {
+  CClampedSum sum;
+  sum.Add(INT32_MAX);
+  sum.Add(1);
+  EXPECT_EQ(sum.Total(), INT32_MAX);
+  sum.Add(-2);
+  EXPECT_EQ(sum.Total(), INT32_MAX - 1);  // the total is exact until it is read
+  CClampedSum low;
+  low.Add(INT32_MIN);
+  low.Add(-1);
+  EXPECT_EQ(low.Total(), INT32_MIN);
+}
+
+}  // namespace
+}  // namespace NScrivolt
