@@ -1,5 +1,6 @@
 #include "engine/functions/control_flow.h"
 
+#include <cstdint>
 #include <utility>
 
 #include "engine/error_report.h"
@@ -25,6 +26,22 @@ WString AppendEvaluation(const CFunction& function, ArgumentSlot part, WStringVi
 void SetNumberParam(CProcessContext& context, const CParamQualifier& qualifier, std::int64_t number) {
   context.Root().FindParam(qualifier, true)->SetValue(IntegerToText(number));
 }
+
+// The values a "for" loop takes. The value is counted in 64 bits, so a step
+// that would carry it past the ends of the 32-bit range passes the bound
+// instead and ends the loop; it never wraps around.
+class CForRange {
+ public:
+  CForRange(std::int32_t from, std::int32_t to, std::int32_t step) : current_(from), to_(to), step_(step) {}
+  bool Done() const { return step_ > 0 ? current_ > to_ : current_ < to_; }
+  std::int32_t Current() const { return std::int32_t(current_); }
+  void Advance() { current_ += step_; }
+
+ private:
+  std::int64_t current_;
+  std::int64_t to_;
+  std::int64_t step_;
+};
 
 }  // namespace
 

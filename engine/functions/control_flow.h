@@ -9,7 +9,6 @@
 // template's choice.
 #pragma once
 
-#include <cstdint>
 #include <vector>
 
 #include "engine/function.h"
@@ -75,22 +74,6 @@ class CFunctionFor : public CFunction {
   ArgumentSlot step_ = nullptr;
   ArgumentSlot loopNumber_ = nullptr;
   ArgumentSlot do_ = nullptr;
-};
-
-// The values a "for" loop takes. The value is counted in 64 bits, so a step
-// that would carry it past the ends of the 32-bit range passes the bound
-// instead and ends the loop; it never wraps around.
-class CForRange {
- public:
-  CForRange(std::int32_t from, std::int32_t to, std::int32_t step) : current_(from), to_(to), step_(step) {}
-  bool Done() const { return step_ > 0 ? current_ > to_ : current_ < to_; }
-  std::int32_t Current() const { return std::int32_t(current_); }
-  void Advance() { current_ += step_; }
-
- private:
-  std::int64_t current_;
-  std::int64_t to_;
-  std::int64_t step_;
 };
 
 // foreach in: P [value: V] [indexname: N] [indexnumber: I] [loopnumber: L]

@@ -13,11 +13,6 @@ const TemplateCase kParameterCases[] = {
      u"<# setsubparams param: \"a\" to: \"x\" to: \"y\"; set param: \"a\" to: \"v\" #>"
      u"<# subparamcount param: \"a\" #><# use param: \"a\" #>",
      "0v", ""},
-    {"set with a reference copies deeply",
-     u"<# setsubparams param: \"src\" to: \"1\" to: \"2\"; set param: \"dst\" to: src #>"
-     u"<# set param: \"src.#1\" to: \"changed\"; unset param: \"src.#2\" #>"
-     u"<# use param: \"dst.#1\" #><# subparamcount param: \"dst\" #>",
-     "12", ""},
     {"set without to empties but keeps the parameter",
      u"<# set param: \"a\" to: \"v\"; addsubparams param: \"a\" value: \"x\"; set param: \"a\" #>"
      u"<# subparamcount param: \"a\" #>[<# use param: \"a\" #>]",
@@ -25,11 +20,6 @@ const TemplateCase kParameterCases[] = {
     {"set to its own sub-parameter", u"<# setsubparams param: \"a\" to: \"x\"; set param: \"a\" to: a.#1 #>"
      u"<# use param: \"a\" #><# subparamcount param: \"a\" #>", "x0", ""},
     {"set creates the whole path", u"<# set param: \"a.b.#3\" to: \"v\" #><# use param: \"a.b.#1\" #>", "v", ""},
-    {"names ignore case and keep the first spelling",
-     u"<# set param: \"r.Colour\" to: \"red\"; set param: \"R.COLOUR\" to: \"blue\" #><# use param: \"r.colour\" #> "
-     u"<# _writeparamtree param: \"r\" #>",
-     "blue #4/\"r\": \r\n  #1/\"Colour\": blue", ""},
-    // unset
     {"unset renumbers the later siblings",
      u"<# setsubparams param: \"p\" to: \"a\" to: \"b\" to: \"c\"; unset param: \"p.#2\" #>"
      u"<# use param: \"p.#2\" #><# subparamcount param: \"p\" #>",
@@ -38,10 +28,6 @@ const TemplateCase kParameterCases[] = {
     // use
     {"use skipifmissing with a value", u"[<# use param: \"x\" skipifmissing: \"anything\" #>]", "[]", ""},
     // addsubparams
-    {"addsubparams appends after the existing ones",
-     u"<# setsubparams param: \"p\" to: \"a\" to: \"b\"; addsubparams param: \"p\" value: \"c\" value: \"d\" "
-     u"value: \"e\" #><# subparamcount param: \"p\" #><# use param: \"p.#3\" #><# use param: \"p.#5\" #>",
-     "5ce", ""},
     {"addsubparams sees its earlier values", u"<# addsubparams param: \"p\" value: \"a\" value: p.#1 #>"
      u"<# use param: \"p.#2\" #>", "a", ""},
     {"addsubparams copies the sub-parameters of a reference",

@@ -40,14 +40,6 @@ const TemplateCase kUserFunctionCases[] = {
      u"<# set param: \"x\" to: \"caller\"; makefunction name: \"f\" optarg: \"x\" content: (#>[<# use param: \"x\" "
      u"skipifmissing #>]<#) #><# f #><# use param: \"x\" #>",
      "[]caller", ""},
-    {"an absent optemptyarg exists empty",
-     u"<# set param: \"x\" to: \"caller\"; makefunction name: \"f\" optemptyarg: \"x\" content: (#>[<# use param: \"x\" "
-     u"#>]<# if paramset: \"x\" then: \"set\" #><#) #><# f #><# use param: \"x\" #>",
-     "[]setcaller", ""},
-    {"an absent optmultiarg exists without sub-parameters",
-     u"<# setsubparams param: \"x\" to: \"1\"; makefunction name: \"f\" optmultiarg: \"x\" content: "
-     u"(subparamcount param: \"x\") #><# f #><# subparamcount param: \"x\" #>",
-     "01", ""},
     {"a name declared twice counts under its first kind",
      u"<# makefunction name: \"f\" multiarg: \"x\" optarg: \"x\" content: \"ok\" #><# f #>", "ok", ""},
     {"recursion sees its own arguments at each level",
