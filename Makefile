@@ -1,12 +1,15 @@
 # The two commands of the README:
 #   make demo   builds the Linux program and runs the letter example
 #   make test   installs what is missing, builds both targets, runs every test
-.PHONY: demo test deps linux linux-asan windows unit asan-unit windows-unit e2e bench fuzz clean
+.PHONY: demo test deps linux linux-asan windows unit asan-unit windows-unit e2e windows-e2e bench fuzz clean
 
 JOBS ?= $(shell nproc)
 
 demo: linux
-	./build/linux/scrivolt
+	./build/linux/scrivolt /set Name World /in examples/letter/letter.txt /out build/letter-out.txt /go
+	@cat build/letter-out.txt
+	./build/linux/scrivolt /commandfile examples/invitations/invitations.txt
+	@cat build/invitation-ann.txt build/invitation-bob.txt
 
 deps:
 	./scripts/install_dependencies.sh
@@ -32,10 +35,18 @@ asan-unit: linux-asan
 windows-unit: windows
 	./scripts/test_windows.sh build/windows
 
+e2e: linux
+	./tests/e2e/run.sh build/linux/scrivolt
+
+windows-e2e: windows
+	./scripts/test_windows.sh build/windows --e2e
+
 test: deps
 	$(MAKE) unit
 	$(MAKE) asan-unit
 	$(MAKE) windows-unit
+	$(MAKE) e2e
+	$(MAKE) windows-e2e
 	@echo "All tests passed."
 
 clean:

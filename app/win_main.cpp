@@ -1,4 +1,35 @@
-// Entry point of the Windows program.
+// Entry point of the Windows program. With arguments it performs a
+// command-line run, whose feedback goes to message boxes or the feedback
+// file; without arguments it ends at once until the main window exists.
 #include <windows.h>
 
-int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) { return 0; }
+#include <exception>
+
+#include "cmdline/cmd_line_processor.h"
+#include "cmdline/command_line_arguments.h"
+#include "cmdline/unexpected_error.h"
+#include "platform/win32/process_command_line.h"
+#include "text/utf8.h"
+
+namespace {
+
+int RunProgram() {
+  using namespace NScrivolt;
+  WString arguments = GetCommandLineArguments(Platform::ProcessCommandLine());
+  if (arguments.empty()) return 0;
+  CCmdLineProcessor processor;
+  return processor.Run(std::move(arguments)) ? 0 : 1;
+}
+
+}  // namespace
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
+  try {
+    return RunProgram();
+  } catch (const std::exception& error) {
+    NScrivolt::ShowUnexpectedError(NScrivolt::Utf8ToWide(error.what()));
+  } catch (...) {
+    NScrivolt::ShowUnexpectedError(NScrivolt::WStringView());
+  }
+  return NScrivolt::kUnexpectedErrorExitCode;
+}

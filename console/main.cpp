@@ -1,12 +1,74 @@
-// Entry point of the POSIX console program.
+// Entry point of the POSIX console program: each argument is one token.
+// Without arguments, or with a help switch alone, it prints the usage text;
+// "--version" alone prints the version lines. Everything else is a
+// command-line run, whose result is the exit code.
 #include <cstdio>
+#include <exception>
+#include <string>
+#include <vector>
 
+#include "cmdline/cmd_line_processor.h"
+#include "cmdline/switch_table.h"
+#include "cmdline/unexpected_error.h"
 #include "text/text.h"
+#include "text/usage_text.h"
 #include "text/utf8.h"
 
-int main() {
-  using namespace NScrivolt;
-  std::printf("%s\n%s\n", WideToUtf8(CText(MsgVersion).str()).c_str(),
-              WideToUtf8(CText(MsgReleaseDate).str()).c_str());
-  return 0;
+namespace {
+
+using namespace NScrivolt;
+
+void PrintToStandardOutput(const WString& text) {
+  const std::string bytes = WideToUtf8(text);
+  std::fwrite(bytes.data(), 1, bytes.size(), stdout);
+  std::fflush(stdout);
+}
+
+bool IsBlank(const WString& argument) {
+  return argument.find_first_not_of(u" \t\r\n") == WString::npos;
+}
+
+// The arguments that are not blank.
+std::vector<WString> VisibleArguments(int argc, char** argv) {
+  std::vector<WString> visible;
+  for (int i = 1; i < argc; ++i) {
+    WString argument = Utf8ToWide(argv[i]);
+    if (!IsBlank(argument)) visible.push_back(std::move(argument));
+  }
+  return visible;
+}
+
+bool IsHelpSwitch(const WString& token) {
+  if (!IsSwitchToken(token, Platform::NativeSwitchSyntax())) return false;
+  const SwitchKind kind = FindSwitch(SwitchNameOf(token));
+  return kind == SwitchKind::Question || kind == SwitchKind::Help;
+}
+
+int RunProgram(int argc, char** argv) {
+  const std::vector<WString> visible = VisibleArguments(argc, argv);
+  if (visible.empty() || (visible.size() == 1 && IsHelpSwitch(visible[0]))) {
+    PrintToStandardOutput(UsageText());
+    return 0;
+  }
+  if (visible.size() == 1 && EqualsIgnoreCase(visible[0], u"--version")) {
+    PrintToStandardOutput(CText(MsgVersion).str() + u"\n" + CText(MsgReleaseDate).str() + u"\n");
+    return 0;
+  }
+  std::vector<WString> arguments;
+  for (int i = 1; i < argc; ++i) arguments.push_back(Utf8ToWide(argv[i]));
+  CCmdLineProcessor processor;
+  return processor.Run(arguments) ? 0 : 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return RunProgram(argc, argv);
+  } catch (const std::exception& error) {
+    NScrivolt::ShowUnexpectedError(NScrivolt::Utf8ToWide(error.what()));
+  } catch (...) {
+    NScrivolt::ShowUnexpectedError(NScrivolt::WStringView());
+  }
+  return NScrivolt::kUnexpectedErrorExitCode;
 }

@@ -279,10 +279,14 @@ void CParser::SkipComment() {
 // The next "<#" at or after `from` that is not doubled ("<#<#" is an escape
 // and searching goes on behind it); the end of the text when there is none.
 std::size_t CParser::FindScriptOpen(std::size_t from) const {
-  for (std::size_t i = from; i + 1 < length_; ++i) {
-    if (text_[i] != u'<' || text_[i + 1] != u'#') continue;
+  const WStringView text(text_, length_);
+  // Look for the "#" of each "<#": one unit to find, scanned in blocks.
+  for (std::size_t hash = FindUnit(text, u'#', from + 1); hash != WStringView::npos;
+       hash = FindUnit(text, u'#', hash + 1)) {
+    if (text_[hash - 1] != u'<') continue;
+    const std::size_t i = hash - 1;
     if (i + 3 < length_ && text_[i + 2] == u'<' && text_[i + 3] == u'#') {
-      i += 3;
+      hash = i + 3;  // an escaped "<#<#": search on behind it
       continue;
     }
     return i;

@@ -24,11 +24,12 @@ std::vector<std::size_t> FindLineStarts(WStringView text) {
 }  // namespace
 
 CTemplateSource::CTemplateSource(WString text, WString context)
-    : text_(std::move(text)), context_(std::move(context)), lineStarts_(FindLineStarts(text_)) {}
+    : text_(std::move(text)), context_(std::move(context)) {}
 
 ParseLocation CTemplateSource::Locate(std::size_t position) const {
   ParseLocation location{position, 0, 0, context_};
   if (position > text_.size()) return location;
+  if (lineStarts_.empty()) lineStarts_ = FindLineStarts(text_);
   const auto next = std::upper_bound(lineStarts_.begin(), lineStarts_.end(), position);
   const std::size_t index = std::size_t(next - lineStarts_.begin()) - 1;
   location.line = index + 1;

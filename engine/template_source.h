@@ -41,7 +41,8 @@ class CTemplateSource {
   // Start of each line, ascending. Lines follow one another without gaps, so
   // a line ends one unit before the next one starts and the last one ends at
   // the end of the text; a binary search over the starts finds any position.
-  std::vector<std::size_t> lineStarts_{0};
+  // Built on the first Locate: only error reports need it.
+  mutable std::vector<std::size_t> lineStarts_;
 };
 
 }  // namespace NScrivolt

@@ -7,24 +7,26 @@ namespace {
 constexpr WStringView kEscapedOpen = u"<#<#";
 constexpr WStringView kEscapedClose = u"#>#>";
 
-void AppendClosesUnescaped(WString& output, WStringView text) {
-  if (text.find(kEscapedClose) == WStringView::npos) {
-    output.append(text);
-  } else {
-    output.append(ReplaceAll(text, kEscapedClose, u"#>"));
+// Whether the text holds "<#<#" or "#>#>"; both hold a "#", so one scan for
+// that unit finds them.
+bool HasEscapes(WStringView text) {
+  for (size_t hash = FindUnit(text, u'#'); hash != WStringView::npos; hash = FindUnit(text, u'#', hash + 1)) {
+    if (text.substr(hash).rfind(kEscapedClose, 0) == 0) return true;
+    if (hash > 0 && text.substr(hash - 1).rfind(kEscapedOpen, 0) == 0) return true;
   }
+  return false;
 }
 
 }  // namespace
 
 void AppendUnescapedText(WString& output, WStringView text) {
+  if (!HasEscapes(text)) {
+    output.append(text);
+    return;
+  }
   // The two replacements run one after the other over the whole text, not in
   // one pass: a "#>#>" made by the first one is replaced by the second.
-  if (text.find(kEscapedOpen) == WStringView::npos) {
-    AppendClosesUnescaped(output, text);
-  } else {
-    AppendClosesUnescaped(output, ReplaceAll(text, kEscapedOpen, u"<#"));
-  }
+  output.append(ReplaceAll(ReplaceAll(text, kEscapedOpen, u"<#"), kEscapedClose, u"#>"));
 }
 
 WString UnescapeText(WStringView text) {

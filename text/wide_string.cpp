@@ -1,5 +1,6 @@
 #include "text/wide_string.h"
 
+#include <cstring>
 #include <limits>
 
 namespace NScrivolt {
@@ -78,6 +79,23 @@ WString ReplaceAll(WStringView text, WStringView from, WStringView to) {
   }
   result.append(text, start, WStringView::npos);
   return result;
+}
+
+size_t FindUnit(WStringView text, WChar unit, size_t from) {
+  constexpr std::uint64_t kLowBits = 0x0001000100010001ull;
+  constexpr std::uint64_t kHighBits = 0x8000800080008000ull;
+  const std::uint64_t pattern = kLowBits * unit;
+  size_t i = from;
+  for (; i + 4 <= text.size(); i += 4) {
+    std::uint64_t block;
+    std::memcpy(&block, text.data() + i, sizeof block);
+    const std::uint64_t diff = block ^ pattern;  // a lane is zero where the unit is
+    if (((diff - kLowBits) & ~diff & kHighBits) != 0) break;
+  }
+  for (; i < text.size(); ++i) {
+    if (text[i] == unit) return i;
+  }
+  return WStringView::npos;
 }
 
 WString WidenAscii(std::string_view ascii) {

@@ -32,6 +32,10 @@ std::int32_t ReadInteger(WStringView text);
 // so an inserted text is never searched again. An empty `from` changes nothing.
 WString ReplaceAll(WStringView text, WStringView from, WStringView to);
 
+// Position of the first `unit` at or after `from`, or npos. Scans four units
+// at a time: the template scans for markers over the whole text.
+size_t FindUnit(WStringView text, WChar unit, size_t from = 0);
+
 // ASCII text to wide text, for literals and messages built in code.
 WString WidenAscii(std::string_view ascii);
 

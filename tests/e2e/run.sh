@@ -2,7 +2,8 @@
 # Runs the end-to-end cases: each folder under tests/e2e/cases is one run of
 # the real program.
 #
-#   args          the arguments, one per line (UTF-8); may be empty
+#   args          the arguments, one per line (UTF-8); may be empty. {DIR} in
+#                 an argument stands for the working folder as the program sees it
 #   in/           files copied into a fresh working folder, the run's current directory
 #   expected/     files that must exist afterwards with exactly these bytes
 #   absent        names (one per line) that must NOT exist afterwards
@@ -14,6 +15,11 @@
 # In produced files, standard output and standard error, the working folder's
 # absolute path is replaced by {DIR} before comparing, so expected bytes do not
 # depend on where the run happens.
+#
+# The POSIX program runs in the C.UTF-8 locale, so its "ANSI" character set is
+# UTF-8 wherever the tests run. The Windows program runs under Wine; cases that
+# would show a message box there (which waits for a click) are "posix" cases.
+# A run that takes longer than CASE_TIMEOUT seconds (60) fails.
 #
 # Usage: run.sh [--windows] PROGRAM [CASE...]
 set -uo pipefail
@@ -29,6 +35,7 @@ scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 failed=0
 passed=0
+skipped=0
 
 # The working folder as the program sees it: a POSIX path, or the Wine drive path.
 program_dir() {
@@ -42,23 +49,27 @@ normalise() {  # file, folder as the program saw it
 
 run_case() {
   local name=$1 case_dir="$here/cases/$1"
-  if [ -f "$case_dir/platforms" ] && ! grep -qx "$platform" "$case_dir/platforms"; then return 0; fi
+  if [ -f "$case_dir/platforms" ] && ! grep -qx "$platform" "$case_dir/platforms"; then
+    skipped=$((skipped + 1))
+    return 0
+  fi
   local work="$scratch/$name"
   mkdir -p "$work"
   [ -d "$case_dir/in" ] && cp -a "$case_dir/in/." "$work/"
+  local seen; seen=$(program_dir "$work")
   local args=()
   [ -f "$case_dir/args" ] && mapfile -t args < "$case_dir/args"
-  local code
-  if [ "$platform" = windows ]; then
-    (cd "$work" && wine "$program" "${args[@]}" >"$scratch/$name.stdout" 2>"$scratch/$name.stderr")
-  else
-    (cd "$work" && "$program" "${args[@]}" >"$scratch/$name.stdout" 2>"$scratch/$name.stderr")
-  fi
+  local i
+  for i in "${!args[@]}"; do args[$i]=${args[$i]//\{DIR\}/$seen}; done
+  local code runner=(env LC_ALL=C.UTF-8)
+  [ "$platform" = windows ] && runner=(wine)
+  (cd "$work" && timeout "${CASE_TIMEOUT:-60}" "${runner[@]}" "$program" "${args[@]}" \
+     >"$scratch/$name.stdout" 2>"$scratch/$name.stderr" </dev/null)
   code=$?
   local expected_code=0 problems=()
   [ -f "$case_dir/exit_code" ] && expected_code=$(tr -d '[:space:]' < "$case_dir/exit_code")
+  if [ "$code" = 124 ]; then problems+=("timed out"); fi
   [ "$code" = "$expected_code" ] || problems+=("exit code $code, expected $expected_code")
-  local seen; seen=$(program_dir "$work")
   if [ -d "$case_dir/expected" ]; then
     while IFS= read -r -d '' file; do
       local rel=${file#"$case_dir/expected/"}
@@ -94,5 +105,5 @@ run_case() {
 }
 
 for name in "${cases[@]}"; do run_case "$name"; done
-echo "end-to-end ($platform): $passed passed, $failed failed"
+echo "e2e-$platform: $passed passed, $failed failed, $skipped skipped"
 [ "$failed" = 0 ]

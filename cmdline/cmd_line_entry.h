@@ -1,0 +1,18 @@
+// One token of a command line or command file.
+#pragma once
+
+#include <vector>
+
+#include "text/wide_string.h"
+
+namespace NScrivolt {
+
+struct CCmdLineEntry {
+  bool isSwitch = false;  // otherwise an option
+  WString text;           // never empty; quotes and escape backslashes removed
+};
+
+using CCmdLineEntries = std::vector<CCmdLineEntry>;
+using EntryIterator = CCmdLineEntries::const_iterator;
+
+}  // namespace NScrivolt

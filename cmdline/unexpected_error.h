@@ -1,0 +1,15 @@
+// The last resort of an entry point: an exception nobody handled.
+#pragma once
+
+#include "text/wide_string.h"
+
+namespace NScrivolt {
+
+// The exit code of a program that an unexpected error stopped.
+constexpr int kUnexpectedErrorExitCode = 255;
+
+// Shows the unhandled-error box (on POSIX: standard error) with `description`,
+// or "an unknown error occurred" when it is empty.
+void ShowUnexpectedError(WStringView description);
+
+}  // namespace NScrivolt

@@ -1,0 +1,10 @@
+// The command line the process was started with, as one text.
+#pragma once
+
+#include "text/wide_string.h"
+
+namespace NScrivolt::Platform {
+
+WString ProcessCommandLine();
+
+}  // namespace NScrivolt::Platform
