@@ -52,6 +52,7 @@ class CUserFunctions {
   // One definition left: the name goes. More: the oldest goes. None: nothing happens.
   void RemoveDefinition(const WString& lowerName);
 
+  bool IsDefined(const WString& lowerName) const { return table_.count(lowerName) != 0; }
   // The whole list of a name, for snapshots that keep or restore single names.
   const std::vector<CUserFunctionRef>* Definitions(const WString& lowerName) const;
   void SetDefinitions(const WString& lowerName, std::vector<CUserFunctionRef> definitions);
