@@ -42,9 +42,11 @@ constexpr CConditionArgument kConditionArguments[] = {
     {u"isgreaterthaneq", false, kIsGreaterThanEq},
 };
 
-// Display names of the comparison arguments, by kind.
-constexpr WStringView kComparandNames[] = {u"",      u"",           u"Is",           u"IsNot",
-                                           u"IsLowerThan", u"IsLowerThanEq", u"IsGreaterThan", u"IsGreaterThanEq"};
+// Display names of the comparison arguments, indexed by kind.
+constexpr WStringView kComparandNames[] = {
+    u"", u"",  // the existence tests have no comparand
+    u"Is", u"IsNot", u"IsLowerThan", u"IsLowerThanEq", u"IsGreaterThan", u"IsGreaterThanEq",
+};
 
 // Negative, zero or positive as `a` comes before, equals or follows `b`.
 int CompareText(WStringView a, WStringView b, bool caseSensitive) {
