@@ -17,10 +17,15 @@ CParamKeyIndex& CParamChildList::Index() {
   return *index_;
 }
 
+// A short list is scanned; it is compacted first, or the slots left by
+// removals would pile up in a list that keeps gaining and losing children
+// (the argument parameters of user-function calls) and every scan would
+// grow with the removals done so far.
 CParam* CParamChildList::FindKey(WStringView key) {
   if (live_ > kLinearScanLimit) return Index().Find(key);
+  Normalize();
   for (CParam* node : slots_) {
-    if (node != nullptr && node->id_.key == key) return node;
+    if (node->id_.key == key) return node;
   }
   return nullptr;
 }

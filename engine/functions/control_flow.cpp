@@ -1,9 +1,287 @@
 #include "engine/functions/control_flow.h"
 
+#include <cstdint>
+#include <utility>
+
+#include "engine/error_report.h"
 #include "engine/function_factory.h"
+#include "engine/process_context.h"
 #include "text/error_text.h"
+#include "text/text.h"
 
 namespace NScrivolt {
+
+namespace {
+
+// Evaluates a body or branch and appends its text to the output.
+WString AppendEvaluation(const CFunction& function, ArgumentSlot part, WStringView displayName,
+                         CProcessContext& context, WString& output) {
+  WString text;
+  WString errorText = EvaluateText(function, part, displayName, context, false, text);
+  output += text;
+  return errorText;
+}
+
+// Sets a loop parameter (found or created) to a number.
+void SetNumberParam(CProcessContext& context, const CParamQualifier& qualifier, std::int64_t number) {
+  context.Root().FindParam(qualifier, true)->SetValue(IntegerToText(number));
+}
+
+// The values a "for" loop takes. The value is counted in 64 bits, so a step
+// that would carry it past the ends of the 32-bit range passes the bound
+// instead and ends the loop; it never wraps around.
+class CForRange {
+ public:
+  CForRange(std::int32_t from, std::int32_t to, std::int32_t step) : current_(from), to_(to), step_(step) {}
+  bool Done() const { return step_ > 0 ? current_ > to_ : current_ < to_; }
+  std::int32_t Current() const { return std::int32_t(current_); }
+  void Advance() { current_ += step_; }
+
+ private:
+  std::int64_t current_;
+  std::int64_t to_;
+  std::int64_t step_;
+};
+
+}  // namespace
+
+// --- if ----------------------------------------------------------------------
+
+int CFunctionIf::AcceptArgument(const WString& name, const CParsePartRef& part) {
+  const int code = CFunctionCompare::AcceptArgument(name, part);
+  if (code != kArgumentUnknown) return code;
+  if (name == u"then") return BindArgument(then_, part);
+  if (name == u"else") return BindArgument(else_, part);
+  return kArgumentUnknown;
+}
+
+WString CFunctionIf::Execute(CProcessContext& context, WString& output) {
+  bool holds = false;
+  WString errorText = EvaluateCondition(context, holds);
+  if (!errorText.empty()) return errorText;
+  if (holds) return AppendEvaluation(*this, then_, u"Then", context, output);
+  if (else_ != nullptr) return AppendEvaluation(*this, else_, u"Else", context, output);
+  return errorText;
+}
+
+// --- while, until ------------------------------------------------------------
+
+int CConditionalLoop::AcceptArgument(const WString& name, const CParsePartRef& part) {
+  const int code = CFunctionCompare::AcceptArgument(name, part);
+  if (code != kArgumentUnknown) return code;
+  if (name == u"do") return BindArgument(do_, part);
+  if (name == u"loopnumber") return BindArgument(loopNumber_, part);
+  return kArgumentUnknown;
+}
+
+// Rounds are counted in 64 bits: a loop number never wraps around.
+WString CConditionalLoop::RunLoop(CProcessContext& context, bool testFirst, bool continueWhile,
+                                  WString& output) const {
+  CParamQualifier loopNumber;
+  WString errorText = EvaluateQualifier(*this, loopNumber_, u"LoopNr", context, false, loopNumber);
+  for (std::int64_t round = 1; errorText.empty(); ++round) {
+    if (loopNumber_ != nullptr) SetNumberParam(context, loopNumber, round);
+    bool holds = false;
+    if (testFirst) {
+      errorText = EvaluateCondition(context, holds);
+      if (!errorText.empty() || holds != continueWhile) break;
+    }
+    errorText = AppendEvaluation(*this, do_, u"Do", context, output);
+    if (!errorText.empty()) break;
+    if (!testFirst) {
+      errorText = EvaluateCondition(context, holds);
+      if (!errorText.empty() || holds != continueWhile) break;
+    }
+  }
+  return errorText;
+}
+
+WString CFunctionWhile::Execute(CProcessContext& context, WString& output) {
+  return RunLoop(context, true, true, output);
+}
+
+WString CFunctionUntil::Execute(CProcessContext& context, WString& output) {
+  return RunLoop(context, false, false, output);
+}
+
+// --- for ---------------------------------------------------------------------
+
+int CFunctionFor::AcceptArgument(const WString& name, const CParsePartRef& part) {
+  if (name == u"value") return BindArgument(value_, part);
+  if (name == u"from") return BindArgument(from_, part);
+  if (name == u"to") return BindArgument(to_, part);
+  if (name == u"step") return BindArgument(step_, part);
+  if (name == u"loopnumber") return BindArgument(loopNumber_, part);
+  if (name == u"do") return BindArgument(do_, part);
+  return kArgumentUnknown;
+}
+
+WString CFunctionFor::Execute(CProcessContext& context, WString& output) {
+  CParamQualifier value;
+  CParamQualifier loopNumber;
+  WString from;
+  WString to;
+  WString step = u"1";
+  WString errorText = EvaluateQualifier(*this, value_, u"Value", context, false, value);
+  if (errorText.empty()) errorText = EvaluateQualifier(*this, loopNumber_, u"LoopNr", context, false, loopNumber);
+  if (errorText.empty()) errorText = EvaluateText(*this, from_, u"From", context, false, from);
+  if (errorText.empty()) errorText = EvaluateText(*this, to_, u"To", context, false, to);
+  if (errorText.empty() && step_ != nullptr) errorText = EvaluateText(*this, step_, u"Step", context, false, step);
+  if (!errorText.empty()) return errorText;
+  const std::int32_t stepNumber = ReadInteger(step);
+  if (stepNumber == 0) {
+    AddError(errorText, CText(MsgStepIsZero).Fill({{u"[STEP]", step_->Name()}, {u"[FUNC]", CallPart().Name()}}),
+             step_->Location());
+    return errorText;
+  }
+  std::int64_t round = 1;
+  for (CForRange range(ReadInteger(from), ReadInteger(to), stepNumber); !range.Done(); range.Advance(), ++round) {
+    if (value_ != nullptr) context.Root().FindParam(value, true)->SetValueNumber(range.Current());
+    if (loopNumber_ != nullptr) SetNumberParam(context, loopNumber, round);
+    errorText = AppendEvaluation(*this, do_, u"Do", context, output);
+    if (!errorText.empty()) break;
+  }
+  return errorText;
+}
+
+// --- foreach -----------------------------------------------------------------
+
+int CFunctionForEach::AcceptArgument(const WString& name, const CParsePartRef& part) {
+  const int code = CFunctionSortOrder::AcceptArgument(name, part);
+  if (code != kArgumentUnknown) return code;
+  if (name == u"value") return BindArgument(value_, part);
+  if (name == u"indexname") return BindArgument(indexName_, part);
+  if (name == u"indexnumber") return BindArgument(indexNumber_, part);
+  if (name == u"loopnumber") return BindArgument(loopNumber_, part);
+  if (name == u"in") return BindArgument(in_, part);
+  if (name == u"do") return BindArgument(do_, part);
+  return kArgumentUnknown;
+}
+
+WString CFunctionForEach::Execute(CProcessContext& context, WString& output) {
+  CParamQualifier value;
+  CParamQualifier indexName;
+  CParamQualifier indexNumber;
+  CParamQualifier loopNumber;
+  CParamQualifier in;
+  WString inText;
+  WString errorText = EvaluateQualifier(*this, value_, u"Value", context, false, value);
+  if (errorText.empty()) errorText = EvaluateQualifier(*this, indexName_, u"IndexName", context, false, indexName);
+  if (errorText.empty()) {
+    errorText = EvaluateQualifier(*this, indexNumber_, u"IndexNumber", context, false, indexNumber);
+  }
+  if (errorText.empty()) errorText = EvaluateQualifier(*this, loopNumber_, u"LoopNr", context, false, loopNumber);
+  if (errorText.empty()) errorText = EvaluateQualifier(*this, in_, u"In", context, true, in, &inText);
+  ParamOrder order = ParamOrder::ByNumber;
+  bool descending = false;
+  if (errorText.empty()) errorText = EvaluateOrder(context, order, descending);
+  if (!errorText.empty()) return errorText;
+  const CParam* found = std::as_const(context).Root().FindParam(in);
+  if (found == nullptr) return ParamNotSetError(*in_, inText);
+  // The rounds walk a copy (O(1): it shares the children), so what the body
+  // does to the collection does not change the walk.
+  const CParam collection(*found);
+  std::int64_t round = 1;
+  for (const CParam* child : collection.ListChildren(order, descending)) {
+    if (value_ != nullptr) context.Root().FindParam(value, true)->CopyFrom(*child);
+    if (indexName_ != nullptr) context.Root().FindParam(indexName, true)->SetValue(child->GetId().name);
+    if (indexNumber_ != nullptr) SetNumberParam(context, indexNumber, std::int64_t(child->GetId().index) + 1);
+    if (loopNumber_ != nullptr) SetNumberParam(context, loopNumber, round++);
+    errorText = AppendEvaluation(*this, do_, u"Do", context, output);
+    if (!errorText.empty()) break;
+  }
+  return errorText;
+}
+
+// --- gate --------------------------------------------------------------------
+
+int CFunctionGate::AcceptArgument(const WString& name, const CParsePartRef& part) {
+  if (name == u"content") return BindArgument(content_, part);
+  if (name == u"param") return AppendArgument(params_, part);
+  if (name == u"allparams") return BindArgument(allParams_, part);
+  if (name == u"function") return AppendArgument(functions_, part);
+  if (name == u"allfunctions") return BindArgument(allFunctions_, part);
+  return kArgumentUnknown;
+}
+
+WString CFunctionGate::EvaluateParams(CProcessContext& context, std::vector<CParamQualifier>& params) const {
+  params.resize(params_.size());
+  for (std::size_t i = 0; i < params_.size(); ++i) {
+    WString errorText = EvaluateQualifier(*this, params_[i].Get(), u"Param", context, true, params[i]);
+    if (!errorText.empty()) return errorText;
+  }
+  return WString();
+}
+
+WString CFunctionGate::EvaluateFunctionNames(CProcessContext& context, std::vector<WString>& names) const {
+  names.resize(functions_.size());
+  for (std::size_t i = 0; i < functions_.size(); ++i) {
+    WString text;
+    WString errorText = EvaluateText(*this, functions_[i].Get(), u"Function", context, false, text);
+    if (errorText.empty()) errorText = CheckFunctionName(text, *functions_[i], names[i]);
+    if (!errorText.empty()) return errorText;
+  }
+  return WString();
+}
+
+namespace {
+
+// Carries the listed parameters' live state into the snapshot: copied when
+// they exist, removed from the snapshot when they do not.
+void KeepParams(const CParam& live, CParam& snapshot, const std::vector<CParamQualifier>& params) {
+  for (const CParamQualifier& qualifier : params) {
+    if (const CParam* current = live.FindParam(qualifier)) {
+      snapshot.FindParam(qualifier, true)->CopyFrom(*current);
+    } else if (std::as_const(snapshot).FindParam(qualifier) != nullptr) {
+      snapshot.DeleteParam(qualifier);
+    }
+  }
+}
+
+void KeepFunctions(const CUserFunctions& live, CUserFunctions& snapshot, const std::vector<WString>& names) {
+  for (const WString& name : names) {
+    if (const std::vector<CUserFunctionRef>* definitions = live.Definitions(name)) {
+      snapshot.SetDefinitions(name, *definitions);
+    } else {
+      snapshot.Forget(name);
+    }
+  }
+}
+
+}  // namespace
+
+// The snapshots are O(1) copies: the tree shares its child lists and the
+// registry its definitions, so only what the content changes is duplicated.
+WString CFunctionGate::Execute(CProcessContext& context, WString& output) {
+  const bool keepParams = allParams_ == nullptr;
+  const bool keepFunctions = allFunctions_ == nullptr;
+  CParams paramSnapshot;
+  std::vector<CParamQualifier> params;
+  WString errorText;
+  if (keepParams) {
+    paramSnapshot = context.parameters;
+    errorText = EvaluateParams(context, params);
+  }
+  CUserFunctions functionSnapshot;
+  std::vector<WString> functionNames;
+  if (errorText.empty() && keepFunctions) {
+    functionSnapshot = context.userFunctions;
+    errorText = EvaluateFunctionNames(context, functionNames);
+  }
+  if (errorText.empty()) errorText = AppendEvaluation(*this, content_, u"Content", context, output);
+  if (!errorText.empty()) return errorText;
+  if (keepParams) {
+    KeepParams(std::as_const(context).Root(), paramSnapshot.Root(), params);
+    context.parameters = paramSnapshot;
+  }
+  if (keepFunctions) {
+    KeepFunctions(context.userFunctions, functionSnapshot, functionNames);
+    context.userFunctions = functionSnapshot;
+  }
+  return errorText;
+}
+
+// --- nooutput, error ---------------------------------------------------------
 
 int CFunctionNoOutput::AcceptArgument(const WString& name, const CParsePartRef& part) {
   if (name == u"content") return BindArgument(content_, part);
@@ -29,8 +307,10 @@ WString CFunctionError::Execute(CProcessContext& context, WString&) {
 
 CBuiltInFamily ControlFlowFunctions() {
   static const CBuiltInFunction kFunctions[] = {
-      {u"error", Make<CFunctionError>},
-      {u"nooutput", Make<CFunctionNoOutput>},
+      {u"error", Make<CFunctionError>},     {u"for", Make<CFunctionFor>},
+      {u"foreach", Make<CFunctionForEach>}, {u"gate", Make<CFunctionGate>},
+      {u"if", Make<CFunctionIf>},           {u"nooutput", Make<CFunctionNoOutput>},
+      {u"until", Make<CFunctionUntil>},     {u"while", Make<CFunctionWhile>},
   };
   return {kFunctions, std::size(kFunctions)};
 }

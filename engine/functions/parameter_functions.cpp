@@ -1,11 +1,32 @@
 #include "engine/functions/parameter_functions.h"
 
+#include <cstdint>
 #include <utility>
+#include <vector>
 
+#include "engine/error_report.h"
 #include "engine/function_factory.h"
+#include "engine/functions/param_tree_walks.h"
 #include "engine/process_context.h"
+#include "text/text.h"
 
 namespace NScrivolt {
+
+namespace {
+
+// Evaluates the "param" argument every function here requires.
+WString EvaluateTarget(const CFunction& function, ArgumentSlot param, CProcessContext& context,
+                       CParamQualifier& qualifier, WString* text = nullptr) {
+  return EvaluateQualifier(function, param, u"Param", context, true, qualifier, text);
+}
+
+const CParam* FindExisting(const CProcessContext& context, const CParamQualifier& qualifier) {
+  return context.Root().FindParam(qualifier);
+}
+
+}  // namespace
+
+// --- set ---------------------------------------------------------------------
 
 int CFunctionSet::AcceptArgument(const WString& name, const CParsePartRef& part) {
   if (name == u"param") return BindArgument(param_, part);
@@ -15,7 +36,7 @@ int CFunctionSet::AcceptArgument(const WString& name, const CParsePartRef& part)
 
 WString CFunctionSet::Execute(CProcessContext& context, WString&) {
   CParamQualifier target;
-  WString errorText = EvaluateQualifier(*this, param_, u"Param", context, true, target);
+  WString errorText = EvaluateTarget(*this, param_, context, target);
   if (!errorText.empty()) return errorText;
   // The new value is complete before the target is touched, so "to" may name
   // the target itself or one of its sub-parameters.
@@ -24,6 +45,22 @@ WString CFunctionSet::Execute(CProcessContext& context, WString&) {
   if (errorText.empty()) context.Root().FindParam(target, true)->CopyFrom(value);
   return errorText;
 }
+
+// --- unset -------------------------------------------------------------------
+
+int CFunctionUnset::AcceptArgument(const WString& name, const CParsePartRef& part) {
+  if (name == u"param") return BindArgument(param_, part);
+  return kArgumentUnknown;
+}
+
+WString CFunctionUnset::Execute(CProcessContext& context, WString&) {
+  CParamQualifier target;
+  WString errorText = EvaluateTarget(*this, param_, context, target);
+  if (errorText.empty() && FindExisting(context, target) != nullptr) context.Root().DeleteParam(target);
+  return errorText;
+}
+
+// --- use ---------------------------------------------------------------------
 
 int CFunctionUse::AcceptArgument(const WString& name, const CParsePartRef& part) {
   if (name == u"param") return BindArgument(param_, part);
@@ -34,9 +71,9 @@ int CFunctionUse::AcceptArgument(const WString& name, const CParsePartRef& part)
 WString CFunctionUse::Execute(CProcessContext& context, WString& output) {
   CParamQualifier qualifier;
   WString text;
-  WString errorText = EvaluateQualifier(*this, param_, u"Param", context, true, qualifier, &text);
+  WString errorText = EvaluateTarget(*this, param_, context, qualifier, &text);
   if (!errorText.empty()) return errorText;
-  if (const CParam* found = std::as_const(context).Root().FindParam(qualifier)) {
+  if (const CParam* found = FindExisting(context, qualifier)) {
     output += found->GetValue();
   } else if (skipIfMissing_ == nullptr) {
     errorText = ParamNotSetError(*param_, text);
@@ -44,9 +81,179 @@ WString CFunctionUse::Execute(CProcessContext& context, WString& output) {
   return errorText;
 }
 
+// --- addsubparams ------------------------------------------------------------
+
+int CFunctionAddSubParams::AcceptArgument(const WString& name, const CParsePartRef& part) {
+  if (name == u"param") return BindArgument(param_, part);
+  if (name == u"value") return AppendArgument(values_, part);
+  return kArgumentUnknown;
+}
+
+// Each value is added as soon as it is evaluated, so a later value can refer
+// to the sub-parameters the earlier ones made.
+WString CFunctionAddSubParams::Execute(CProcessContext& context, WString&) {
+  CParamQualifier target;
+  WString errorText = EvaluateTarget(*this, param_, context, target);
+  if (!errorText.empty()) return errorText;
+  if (values_.empty()) {
+    AddError(errorText, CText(MsgArgumentMissing).Replace(u"[ARG]", u"Value"), CallPart().Location());
+    return errorText;
+  }
+  for (const CParsePartRef& part : values_) {
+    CParam value;
+    errorText = EvaluateParam(*this, part.Get(), u"Value", context, false, value);
+    if (!errorText.empty()) break;
+    context.Root().FindParam(target, true)->AppendNumbered()->CopyFrom(value);
+  }
+  return errorText;
+}
+
+// --- setsubparams ------------------------------------------------------------
+
+int CFunctionSetSubParams::AcceptArgument(const WString& name, const CParsePartRef& part) {
+  if (name == u"param") return BindArgument(param_, part);
+  if (name == u"to") return AppendArgument(tos_, part);
+  return kArgumentUnknown;
+}
+
+// All values are taken before the target is cleared, so they may refer to
+// the target's own sub-parameters; a failing value changes nothing.
+WString CFunctionSetSubParams::Execute(CProcessContext& context, WString&) {
+  CParamQualifier target;
+  WString errorText = EvaluateTarget(*this, param_, context, target);
+  if (!errorText.empty()) return errorText;
+  std::vector<CParam> values(tos_.size());
+  for (std::size_t i = 0; i < tos_.size(); ++i) {
+    errorText = EvaluateParam(*this, tos_[i].Get(), u"To", context, false, values[i]);
+    if (!errorText.empty()) return errorText;
+  }
+  CParam* node = context.Root().FindParam(target, true);
+  node->ClearChildren();
+  for (const CParam& value : values) node->AppendNumbered()->CopyFrom(value);
+  return errorText;
+}
+
+// --- unsetsubparams ----------------------------------------------------------
+
+int CFunctionUnsetSubParams::AcceptArgument(const WString& name, const CParsePartRef& part) {
+  if (name == u"param") return BindArgument(param_, part);
+  return kArgumentUnknown;
+}
+
+WString CFunctionUnsetSubParams::Execute(CProcessContext& context, WString&) {
+  CParamQualifier target;
+  WString errorText = EvaluateTarget(*this, param_, context, target);
+  if (errorText.empty() && FindExisting(context, target) != nullptr) context.Root().FindParam(target)->ClearChildren();
+  return errorText;
+}
+
+// --- subparamcount -----------------------------------------------------------
+
+int CFunctionSubParamCount::AcceptArgument(const WString& name, const CParsePartRef& part) {
+  if (name == u"param") return BindArgument(param_, part);
+  return kArgumentUnknown;
+}
+
+WString CFunctionSubParamCount::Execute(CProcessContext& context, WString& output) {
+  CParamQualifier qualifier;
+  WString text;
+  WString errorText = EvaluateTarget(*this, param_, context, qualifier, &text);
+  if (!errorText.empty()) return errorText;
+  if (const CParam* found = FindExisting(context, qualifier)) {
+    output += IntegerToText(std::int64_t(found->Count()));
+  } else {
+    errorText = ParamNotSetError(*param_, text);
+  }
+  return errorText;
+}
+
+// --- findsubparam ------------------------------------------------------------
+
+int CFunctionFindSubParam::AcceptArgument(const WString& name, const CParsePartRef& part) {
+  if (name == u"param") return BindArgument(param_, part);
+  if (name == u"value") return BindArgument(value_, part);
+  if (name == u"indextype") return BindArgument(indexType_, part);
+  if (name == u"recurse") return BindArgument(recurse_, part);
+  if (name == u"casesensitive") return BindArgument(caseSensitive_, part);
+  return kArgumentUnknown;
+}
+
+WString CFunctionFindSubParam::Execute(CProcessContext& context, WString& output) {
+  CParamQualifier qualifier;
+  WString text;
+  WString errorText = EvaluateTarget(*this, param_, context, qualifier, &text);
+  WString value;
+  if (errorText.empty()) errorText = EvaluateText(*this, value_, u"Value", context, false, value);
+  int indexType = 0;  // 0 "number", 1 "name"
+  if (errorText.empty() && indexType_ != nullptr) {
+    errorText = EvaluateOption(*this, *indexType_, u"IndexType", context, {u"number", u"name"}, indexType);
+  }
+  if (!errorText.empty()) return errorText;
+  const CParam* found = FindExisting(context, qualifier);
+  if (found == nullptr) return ParamNotSetError(*param_, text);
+  const CSubParamSearch search{value, recurse_ != nullptr, indexType == 0, caseSensitive_ != nullptr};
+  WString path;
+  if (FindSubParamPath(*found, search, path)) output += path;
+  return errorText;
+}
+
+// --- sortsubparams -----------------------------------------------------------
+
+int CFunctionSortSubParams::AcceptArgument(const WString& name, const CParsePartRef& part) {
+  const int code = CFunctionSortOrder::AcceptArgument(name, part);
+  if (code != kArgumentUnknown) return code;
+  if (name == u"param") return BindArgument(param_, part);
+  if (name == u"recurse") return BindArgument(recurse_, part);
+  return kArgumentUnknown;
+}
+
+WString CFunctionSortSubParams::Execute(CProcessContext& context, WString&) {
+  CParamQualifier qualifier;
+  WString text;
+  WString errorText = EvaluateTarget(*this, param_, context, qualifier, &text);
+  ParamOrder order = ParamOrder::ByValue;
+  bool descending = false;
+  if (errorText.empty()) errorText = EvaluateOrder(context, order, descending);
+  if (!errorText.empty()) return errorText;
+  if (FindExisting(context, qualifier) == nullptr) return ParamNotSetError(*param_, text);
+  SortSubtree(*context.Root().FindParam(qualifier), order, descending, recurse_ != nullptr);
+  return errorText;
+}
+
+// --- _writeparamtree ---------------------------------------------------------
+
+int CFunction_WriteParamTree::AcceptArgument(const WString& name, const CParsePartRef& part) {
+  if (name == u"param") return BindArgument(param_, part);
+  return kArgumentUnknown;
+}
+
+WString CFunction_WriteParamTree::Execute(CProcessContext& context, WString& output) {
+  CParamQualifier qualifier;
+  WString text;
+  WString errorText = EvaluateTarget(*this, param_, context, qualifier, &text);
+  if (!errorText.empty()) return errorText;
+  if (const CParam* found = FindExisting(context, qualifier)) {
+    WString dump;
+    AppendParamTreeDump(*found, dump);
+    output += dump;
+  } else {
+    output += text;
+    output += u" not set";
+  }
+  return errorText;
+}
+
 CBuiltInFamily ParameterFunctions() {
   static const CBuiltInFunction kFunctions[] = {
+      {u"_writeparamtree", Make<CFunction_WriteParamTree>},
+      {u"addsubparams", Make<CFunctionAddSubParams>},
+      {u"findsubparam", Make<CFunctionFindSubParam>},
       {u"set", Make<CFunctionSet>},
+      {u"setsubparams", Make<CFunctionSetSubParams>},
+      {u"sortsubparams", Make<CFunctionSortSubParams>},
+      {u"subparamcount", Make<CFunctionSubParamCount>},
+      {u"unset", Make<CFunctionUnset>},
+      {u"unsetsubparams", Make<CFunctionUnsetSubParams>},
       {u"use", Make<CFunctionUse>},
   };
   return {kFunctions, std::size(kFunctions)};

@@ -2,9 +2,9 @@
 
 #include <utility>
 
+#include "engine/error_report.h"
 #include "engine/process_context.h"
 #include "text/text.h"
-#include "engine/error_report.h"
 
 namespace NScrivolt {
 
@@ -45,7 +45,9 @@ WString CFunctionUserFunction::Execute(CProcessContext& context, WString& output
   WString errorText = EvaluateArguments(context);
   if (!errorText.empty()) return errorText;
   ApplyArguments(context);
-  errorText = EvaluateText(*this, definition_->body.Get(), u"Content", context, false, output);
+  WString text;
+  errorText = EvaluateText(*this, definition_->body.Get(), u"Content", context, false, text);
+  output += text;
   // After a failing body the parameters stay as the call left them; the
   // error ends the processing anyway.
   if (errorText.empty()) RestoreArguments(context);

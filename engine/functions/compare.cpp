@@ -1,0 +1,111 @@
+#include "engine/functions/compare.h"
+
+#include <utility>
+
+#include "engine/error_report.h"
+#include "engine/process_context.h"
+#include "text/text.h"
+
+namespace NScrivolt {
+
+namespace {
+
+// What a condition tests; the numbers are the ones the condition keeps.
+enum ComparisonKind : int {
+  kParamSet = 0,
+  kParamNotSet = 1,
+  kIs = 2,
+  kIsNot = 3,
+  kIsLowerThan = 4,
+  kIsLowerThanEq = 5,
+  kIsGreaterThan = 6,
+  kIsGreaterThanEq = 7,
+};
+
+struct CConditionArgument {
+  WStringView name;  // lower-cased, as AcceptArgument sees it
+  bool isSubject;    // shares the subject slot; otherwise the comparand slot
+  int kind;          // the kind it sets; kKeepKind leaves it as it is
+};
+
+constexpr int kKeepKind = -1;
+
+constexpr CConditionArgument kConditionArguments[] = {
+    {u"what", true, kKeepKind},
+    {u"paramset", true, kParamSet},
+    {u"paramnotset", true, kParamNotSet},
+    {u"is", false, kIs},
+    {u"isnot", false, kIsNot},
+    {u"islowerthan", false, kIsLowerThan},
+    {u"islowerthaneq", false, kIsLowerThanEq},
+    {u"isgreaterthan", false, kIsGreaterThan},
+    {u"isgreaterthaneq", false, kIsGreaterThanEq},
+};
+
+// Display names of the comparison arguments, indexed by kind.
+constexpr WStringView kComparandNames[] = {
+    u"", u"",  // the existence tests have no comparand
+    u"Is", u"IsNot", u"IsLowerThan", u"IsLowerThanEq", u"IsGreaterThan", u"IsGreaterThanEq",
+};
+
+// Negative, zero or positive as `a` comes before, equals or follows `b`.
+int CompareText(WStringView a, WStringView b, bool caseSensitive) {
+  if (caseSensitive) return a.compare(b);
+  return WStringView(ToLowerAscii(a)).compare(ToLowerAscii(b));
+}
+
+}  // namespace
+
+int CFunctionCompare::AcceptArgument(const WString& name, const CParsePartRef& part) {
+  if (name == u"not") return BindArgument(not_, part);
+  if (name == u"casesensitive") return BindArgument(caseSensitive_, part);
+  for (const CConditionArgument& argument : kConditionArguments) {
+    if (name != argument.name) continue;
+    const int code = BindArgument(argument.isSubject ? subject_ : comparand_, part);
+    if (code == kArgumentAccepted && argument.kind != kKeepKind) kind_ = argument.kind;
+    return code;
+  }
+  return kArgumentUnknown;
+}
+
+WString CFunctionCompare::EvaluateCondition(CProcessContext& context, bool& holds) const {
+  holds = false;
+  WString errorText = kind_ == kParamSet || kind_ == kParamNotSet ? TestParamExists(context, holds)
+                                                                   : CompareTexts(context, holds);
+  if (errorText.empty() && not_ != nullptr) holds = !holds;
+  return errorText;
+}
+
+WString CFunctionCompare::TestParamExists(CProcessContext& context, bool& holds) const {
+  CParamQualifier qualifier;
+  const WStringView displayName = kind_ == kParamSet ? u"ParamSet" : u"ParamNotSet";
+  WString errorText = EvaluateQualifier(*this, subject_, displayName, context, true, qualifier);
+  if (errorText.empty()) holds = std::as_const(context).Root().ParamExists(qualifier) == (kind_ == kParamSet);
+  return errorText;
+}
+
+WString CFunctionCompare::CompareTexts(CProcessContext& context, bool& holds) const {
+  WString errorText;
+  if (comparand_ == nullptr) {
+    AddError(errorText, CText(MsgComparisonMissing), CallPart().Location());
+    return errorText;
+  }
+  WString subject;
+  WString comparand;
+  errorText = EvaluateText(*this, subject_, u"What", context, false, subject);
+  if (errorText.empty()) errorText = EvaluateText(*this, comparand_, kComparandNames[kind_], context, false, comparand);
+  if (!errorText.empty()) return errorText;
+  const int order = CompareText(subject, comparand, caseSensitive_ != nullptr);
+  switch (kind_) {
+    case kIs: holds = order == 0; break;
+    case kIsNot: holds = order != 0; break;
+    case kIsLowerThan: holds = order < 0; break;
+    case kIsLowerThanEq: holds = order <= 0; break;
+    case kIsGreaterThan: holds = order > 0; break;
+    case kIsGreaterThanEq: holds = order >= 0; break;
+    default: break;
+  }
+  return errorText;
+}
+
+}  // namespace NScrivolt

@@ -1,0 +1,42 @@
+// CFunctionCompare: the condition arguments shared by "if", "while" and
+// "until".
+//
+//   condition  := subject [comparison] ["not"] ["casesensitive"]
+//   subject    := "what" | "paramset" | "paramnotset"
+//   comparison := "is" | "isnot" | "islowerthan" | "islowerthaneq"
+//               | "isgreaterthan" | "isgreaterthaneq"
+//
+// The subject arguments share one slot and the comparison arguments another,
+// so at most one of each may be written. "paramset" and "paramnotset" test
+// whether a parameter exists; every other condition compares two texts,
+// code unit by code unit ("10" is lower than "9").
+#pragma once
+
+#include "engine/function.h"
+
+namespace NScrivolt {
+
+class CFunctionCompare : public CFunction {
+ public:
+  // Claims the condition arguments; deriving classes try their own names
+  // when this returns kArgumentUnknown.
+  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+
+ protected:
+  // Evaluates the arguments afresh and tells whether the condition holds.
+  // Error 40103 at the call when neither a comparison nor "paramset" /
+  // "paramnotset" was written.
+  WString EvaluateCondition(CProcessContext& context, bool& holds) const;
+
+ private:
+  WString TestParamExists(CProcessContext& context, bool& holds) const;
+  WString CompareTexts(CProcessContext& context, bool& holds) const;
+
+  ArgumentSlot subject_ = nullptr;
+  ArgumentSlot comparand_ = nullptr;
+  ArgumentSlot not_ = nullptr;
+  ArgumentSlot caseSensitive_ = nullptr;
+  int kind_ = 9;  // a ComparisonKind; 9 while no comparison is written
+};
+
+}  // namespace NScrivolt
