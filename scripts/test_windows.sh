@@ -15,6 +15,15 @@ mkdir -p "$WINEPREFIX"
 # The first start creates the prefix; do it apart so its noise stays out of the results.
 [ -f "$WINEPREFIX/system.reg" ] || wine cmd /c exit >/dev/null 2>&1 || true
 if [ "$what" = --e2e ]; then
+  # Message boxes need a display: a private virtual one unless one is given.
+  if [ -z "${DISPLAY:-}" ]; then
+    display=:$((90 + RANDOM % 100))
+    Xvfb "$display" -screen 0 1024x768x24 -nolisten tcp >/dev/null 2>&1 &
+    xvfb=$!
+    trap 'kill $xvfb 2>/dev/null' EXIT
+    export DISPLAY=$display
+    sleep 1
+  fi
   "$(dirname "$0")/../tests/e2e/run.sh" --windows "$build/Scrivolt.exe"
 else
   wine "$build/tests/scrivolt_tests.exe" --gtest_brief=1

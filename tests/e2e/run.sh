@@ -9,7 +9,11 @@
 #   absent        names (one per line) that must NOT exist afterwards
 #   exit_code     the expected exit code (0 when missing)
 #   stdout        expected standard output (POSIX program only)
-#   stderr        expected standard error (POSIX program only; message boxes)
+#   stderr        expected message boxes: the POSIX program writes each to
+#                 standard error as its title on one line and its text below;
+#                 the Windows program's boxes are recorded the same way by
+#                 tests/windows_driver/box_driver.exe, which also closes them
+#   stderr.windows  the Windows program's boxes, when they differ (paths)
 #   platforms     "posix" or "windows" when the case holds for one program only
 #
 # In produced files, standard output and standard error, the working folder's
@@ -17,8 +21,9 @@
 # depend on where the run happens.
 #
 # The POSIX program runs in the C.UTF-8 locale, so its "ANSI" character set is
-# UTF-8 wherever the tests run. The Windows program runs under Wine; cases that
-# would show a message box there (which waits for a click) are "posix" cases.
+# UTF-8 wherever the tests run. The Windows program runs under Wine, started
+# by the box driver (next to the test programs of its build, or $BOX_DRIVER);
+# Wine needs an X display for the boxes (test_windows.sh starts Xvfb).
 # A run that takes longer than CASE_TIMEOUT seconds (60) fails.
 #
 # Usage: run.sh [--windows] PROGRAM [CASE...]
@@ -27,6 +32,7 @@ set -uo pipefail
 platform=posix
 if [ "${1:-}" = "--windows" ]; then platform=windows; shift; fi
 program=$(realpath "$1"); shift
+box_driver=${BOX_DRIVER:-$(dirname "$program")/tests/box_driver.exe}
 here=$(cd "$(dirname "$0")" && pwd)
 cases=("$@")
 [ ${#cases[@]} -gt 0 ] || mapfile -t cases < <(cd "$here/cases" && ls -d */ | sed 's:/$::')
@@ -61,10 +67,14 @@ run_case() {
   [ -f "$case_dir/args" ] && mapfile -t args < "$case_dir/args"
   local i
   for i in "${!args[@]}"; do args[$i]=${args[$i]//\{DIR\}/$seen}; done
-  local code runner=(env LC_ALL=C.UTF-8)
-  [ "$platform" = windows ] && runner=(wine)
-  (cd "$work" && timeout "${CASE_TIMEOUT:-60}" "${runner[@]}" "$program" "${args[@]}" \
-     >"$scratch/$name.stdout" 2>"$scratch/$name.stderr" </dev/null)
+  local code
+  if [ "$platform" = windows ]; then
+    (cd "$work" && timeout "${CASE_TIMEOUT:-60}" wine "$box_driver" "$program" "${args[@]}" \
+       >"$scratch/$name.stderr" 2>"$scratch/$name.wine" </dev/null)
+  else
+    (cd "$work" && timeout "${CASE_TIMEOUT:-60}" env LC_ALL=C.UTF-8 "$program" "${args[@]}" \
+       >"$scratch/$name.stdout" 2>"$scratch/$name.stderr" </dev/null)
+  fi
   code=$?
   local expected_code=0 problems=()
   [ -f "$case_dir/exit_code" ] && expected_code=$(tr -d '[:space:]' < "$case_dir/exit_code")
@@ -84,14 +94,16 @@ run_case() {
       [ -z "$rel" ] || [ ! -e "$work/$rel" ] || problems+=("$rel exists but must not")
     done < "$case_dir/absent"
   fi
-  if [ "$platform" = posix ]; then
-    for stream in stdout stderr; do
-      if [ -f "$case_dir/$stream" ]; then
-        normalise "$scratch/$name.$stream" "$seen"
-        cmp -s "$scratch/$name.$stream" "$case_dir/$stream" || problems+=("$stream differs")
-      fi
-    done
-  fi
+  local streams=(stdout:stdout stderr:stderr)
+  [ "$platform" = windows ] && streams=(stderr:stderr.windows stderr:stderr)
+  local pair stream expected checked=
+  for pair in "${streams[@]}"; do
+    stream=${pair%%:*} expected="$case_dir/${pair#*:}"
+    [ -f "$expected" ] && [ -z "$checked" ] || continue
+    [ "$platform" = windows ] && checked=1
+    normalise "$scratch/$name.$stream" "$seen"
+    cmp -s "$scratch/$name.$stream" "$expected" || problems+=("$stream differs from ${pair#*:}")
+  done
   if [ ${#problems[@]} -eq 0 ]; then
     passed=$((passed + 1))
   else

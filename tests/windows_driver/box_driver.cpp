@@ -1,0 +1,143 @@
+// Runs a Windows program and stands in for the person in front of it: every
+// message box the program shows is recorded on standard output — its title on
+// one line, its text below it, as the Linux program writes its message boxes
+// to standard error — and then closed with its default button. The driver
+// ends with the program's exit code, so a test can check all three.
+//
+//   box_driver.exe [--timeout SECONDS] PROGRAM [ARGUMENT...]
+#include <fcntl.h>
+#include <io.h>
+#include <windows.h>
+
+#include <cstdio>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr DWORD kPollMilliseconds = 20;
+constexpr int kTimedOutExitCode = 124;
+
+// One argument quoted so that the usual splitting rules give it back unchanged.
+std::wstring Quote(const std::wstring& argument) {
+  if (!argument.empty() && argument.find_first_of(L" \t\"") == std::wstring::npos) return argument;
+  std::wstring quoted = L"\"";
+  size_t backslashes = 0;
+  for (wchar_t c : argument) {
+    if (c == L'\\') {
+      ++backslashes;
+      continue;
+    }
+    quoted.append(c == L'"' ? backslashes * 2 + 1 : backslashes, L'\\');
+    backslashes = 0;
+    quoted.push_back(c);
+  }
+  quoted.append(backslashes * 2, L'\\');
+  return quoted + L"\"";
+}
+
+std::string Utf8(const std::wstring& text) {
+  if (text.empty()) return std::string();
+  const int size = WideCharToMultiByte(CP_UTF8, 0, text.data(), int(text.size()), nullptr, 0, nullptr, nullptr);
+  std::string bytes(size_t(size), '\0');
+  WideCharToMultiByte(CP_UTF8, 0, text.data(), int(text.size()), &bytes[0], size, nullptr, nullptr);
+  return bytes;
+}
+
+std::wstring WindowText(HWND window) {
+  std::wstring text(size_t(GetWindowTextLengthW(window)) + 1, L'\0');
+  text.resize(size_t(GetWindowTextW(window, &text[0], int(text.size()))));
+  return text;
+}
+
+std::wstring ClassName(HWND window) {
+  wchar_t name[64] = {};
+  GetClassNameW(window, name, 64);
+  return name;
+}
+
+// The message text of a message box: its static control with the longest text
+// (the icon is a static control too, without text).
+BOOL CALLBACK CollectStaticText(HWND child, LPARAM found) {
+  auto* text = reinterpret_cast<std::wstring*>(found);
+  if (ClassName(child) == L"Static") {
+    const std::wstring candidate = WindowText(child);
+    if (candidate.size() > text->size()) *text = candidate;
+  }
+  return TRUE;
+}
+
+struct Search {
+  DWORD processId;
+  std::vector<HWND> boxes;
+};
+
+BOOL CALLBACK FindBoxes(HWND window, LPARAM data) {
+  auto* search = reinterpret_cast<Search*>(data);
+  DWORD owner = 0;
+  GetWindowThreadProcessId(window, &owner);
+  if (owner == search->processId && IsWindowVisible(window) && ClassName(window) == L"#32770") {
+    search->boxes.push_back(window);
+  }
+  return TRUE;
+}
+
+// Records and closes the boxes that are open now; returns how many.
+size_t AnswerBoxes(DWORD processId, std::set<HWND>& answered) {
+  Search search{processId, {}};
+  EnumWindows(FindBoxes, reinterpret_cast<LPARAM>(&search));
+  size_t count = 0;
+  for (HWND box : search.boxes) {
+    if (!answered.insert(box).second) continue;
+    std::wstring text;
+    EnumChildWindows(box, CollectStaticText, reinterpret_cast<LPARAM>(&text));
+    const std::string record = Utf8(WindowText(box)) + "\n" + Utf8(text) + "\n";
+    std::fwrite(record.data(), 1, record.size(), stdout);
+    std::fflush(stdout);
+    PostMessageW(box, WM_COMMAND, MAKEWPARAM(IDOK, BN_CLICKED), 0);
+    ++count;
+  }
+  return count;
+}
+
+}  // namespace
+
+int wmain(int argc, wchar_t** argv) {
+  _setmode(_fileno(stdout), _O_BINARY);  // the records' line ends exactly as written
+  int first = 1;
+  DWORD timeoutMs = 60000;
+  if (argc > 2 && std::wstring(argv[1]) == L"--timeout") {
+    timeoutMs = DWORD(_wtoi(argv[2])) * 1000;
+    first = 3;
+  }
+  if (first >= argc) {
+    std::fprintf(stderr, "usage: box_driver [--timeout SECONDS] PROGRAM [ARGUMENT...]\n");
+    return 2;
+  }
+  std::wstring commandLine;
+  for (int i = first; i < argc; ++i) commandLine += (i > first ? L" " : L"") + Quote(argv[i]);
+  STARTUPINFOW startup{};
+  startup.cb = sizeof startup;
+  PROCESS_INFORMATION process{};
+  if (!CreateProcessW(nullptr, &commandLine[0], nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process)) {
+    std::fprintf(stderr, "box_driver: cannot start the program (error %lu)\n", GetLastError());
+    return 2;
+  }
+  std::set<HWND> answered;
+  DWORD waited = 0;
+  while (WaitForSingleObject(process.hProcess, kPollMilliseconds) == WAIT_TIMEOUT) {
+    AnswerBoxes(process.dwProcessId, answered);
+    waited += kPollMilliseconds;
+    if (waited >= timeoutMs) {
+      TerminateProcess(process.hProcess, kTimedOutExitCode);
+      std::fprintf(stderr, "box_driver: the program did not end in time\n");
+      return kTimedOutExitCode;
+    }
+  }
+  DWORD exitCode = 0;
+  GetExitCodeProcess(process.hProcess, &exitCode);
+  CloseHandle(process.hThread);
+  CloseHandle(process.hProcess);
+  return int(exitCode);
+}
