@@ -137,6 +137,10 @@ TEST(TextAlgorithms, SplitKeepsEmptyPieces) {
   EXPECT_EQ(Pieces(u"", u",", true), (Pieces_{u""}));
   EXPECT_EQ(Pieces(u"a--b", u"--", true), (Pieces_{u"a", u"b"}));
   EXPECT_EQ(Pieces(u"a,b", u"", true), (Pieces_{u"a,b"}));
+  // The separator is appended before the scan, so one that overlaps the
+  // text's end ends the last piece early and the rest is no piece.
+  EXPECT_EQ(Pieces(u"ab", u"bb", true), (Pieces_{u"a"}));
+  EXPECT_EQ(Pieces(u"a", u"AA", false), (Pieces_{u""}));
 }
 
 struct SearchCase {
