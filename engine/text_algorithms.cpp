@@ -37,15 +37,21 @@ WString ReplaceOccurrences(WStringView text, WStringView pattern, WStringView by
 void SplitText(WStringView text, WStringView separator, bool caseSensitive,
                const std::function<void(WStringView)>& piece) {
   const CTextPattern search(separator, caseSensitive);
-  std::size_t begin = 0;
-  if (!search.empty()) {
-    for (std::size_t at = search.FindFirst(text, 0); at != CTextPattern::npos;
-         at = search.FindFirst(text, begin)) {
-      piece(text.substr(begin, at - begin));
-      begin = at + search.size();
-    }
+  if (search.empty()) {
+    piece(text);
+    return;
   }
-  piece(text.substr(begin));
+  // With the separator appended every piece, the last included, ends at an
+  // occurrence; what follows the last occurrence is no piece.
+  WString ended;
+  ended.reserve(text.size() + separator.size());
+  ended.append(text).append(separator);
+  const WStringView all(ended);
+  std::size_t begin = 0;
+  for (std::size_t at = search.FindFirst(all, 0); at != CTextPattern::npos; at = search.FindFirst(all, begin)) {
+    piece(all.substr(begin, at - begin));
+    begin = at + search.size();
+  }
 }
 
 namespace {

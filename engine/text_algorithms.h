@@ -25,8 +25,11 @@ std::size_t CountOccurrences(WStringView text, WStringView pattern, bool caseSen
 WString ReplaceOccurrences(WStringView text, WStringView pattern, WStringView by, bool caseSensitive);
 
 // Hands the pieces of `text` cut at each occurrence of `separator` to
-// `piece`, in order: one more piece than there are occurrences, empty pieces
-// included. An empty separator never occurs: the whole text is the one piece.
+// `piece`, in order, empty pieces included. The separator is appended to the
+// text and each occurrence in the result ends a piece: one more piece than
+// the separator occurs in the text, unless an occurrence overlaps the
+// appended separator ("ab" on "bb" gives the one piece "a"). An empty
+// separator never occurs: the whole text is the one piece.
 void SplitText(WStringView text, WStringView separator, bool caseSensitive,
                const std::function<void(WStringView)>& piece);
 

@@ -14,9 +14,11 @@ namespace {
 
 // --- decoding ------------------------------------------------------------------
 
+// An element still to be decoded, and the "SubTags" parameter that receives
+// it as its next numbered child.
 struct DecodeStep {
   XmlTreeNode element;
-  CParam* target;
+  CParam* subTags;
 };
 
 void SetChildValue(CParam& param, WStringView name, WString value) {
@@ -24,7 +26,9 @@ void SetChildValue(CParam& param, WStringView name, WString value) {
 }
 
 // Fills `target` with one element's name, first text and attributes, and
-// leaves a numbered sub-tag per child element on `pending` for later.
+// leaves its child elements on `pending`, the first on top, so that the
+// elements are decoded in document order and the numbered parameters get
+// their automatic names in that order too.
 void DecodeElement(const XmlTreeNode& element, CParam& target, std::vector<DecodeStep>& pending) {
   SetChildValue(target, u"Name", element.Name().value_or(WString()));
   SetChildValue(target, u"Value", WString(element.Text(0).value_or(WStringView())));
@@ -38,10 +42,8 @@ void DecodeElement(const XmlTreeNode& element, CParam& target, std::vector<Decod
     }
   }
   if (element.ChildCount() > 0) {
-    CParam& subTags = *target.GetChildByName(u"SubTags", true);
-    for (std::size_t i = 0; i < element.ChildCount(); ++i) {
-      pending.push_back({element.Child(i), subTags.AppendNumbered()});
-    }
+    CParam* subTags = target.GetChildByName(u"SubTags", true);
+    for (std::size_t i = element.ChildCount(); i > 0; --i) pending.push_back({element.Child(i - 1), subTags});
   }
 }
 
@@ -91,11 +93,12 @@ WString DecodeXmlTree(WStringView text, CParam& target) {
   XmlParseResult result;
   const XmlTreeNode root = ParseXmlText(text, u"", result);
   if (result.error != XmlParseError::None) return InvalidXmlError(result);
-  std::vector<DecodeStep> pending{{root, &target}};
+  std::vector<DecodeStep> pending;
+  DecodeElement(root, target, pending);
   while (!pending.empty()) {
     const DecodeStep step = std::move(pending.back());
     pending.pop_back();
-    DecodeElement(step.element, *step.target, pending);
+    DecodeElement(step.element, *step.subTags->AppendNumbered(), pending);
   }
   return WString();
 }

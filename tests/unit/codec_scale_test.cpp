@@ -42,17 +42,6 @@ TEST(CodecScale, MillionLevelsDecodeAndRefuseToEncode) {
             "- Error processing function \"encode\" at line 1, column 4, re-processed content");
 }
 
-TEST(CodecScale, HugeAttributeValue) {
-  CProcessContext context;
-  SetTopLevel(context, u"Doc", u"<a x=\"" + WString(kHugeLength, u'v') + u"\"/>");
-  const TemplateRun run =
-      RunTemplate(context, u"<# decode what: Doc from: \"xmltree\" to: \"T\"; use param: \"T.Attibutes.#1.Name\" #>");
-  ASSERT_EQ(Lines(run.errors), "");
-  EXPECT_EQ(run.output, u"x");
-  const CParam* value = std::as_const(context).Root().GetChildByName(u"T")->GetChildByName(u"Attibutes");
-  EXPECT_EQ(value->GetByNumber(0)->GetChildValue(u"Value").size(), kHugeLength);
-}
-
 TEST(CodecScale, NeverClosedQuoteIsTheLastField) {
   CProcessContext context;
   SetTopLevel(context, u"Csv", u"a,b\r\n\"" + WString(kHugeLength, u'x') + u"\r\nmore");

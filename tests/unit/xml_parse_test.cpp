@@ -205,16 +205,5 @@ TEST(XmlParse, RequiredTopTagSelectsATopLevelElement) {
   EXPECT_EQ(result.column, 24u);
 }
 
-TEST(XmlParseErrorText, GivesTheFixedTexts) {
-  EXPECT_EQ(XmlParseErrorText(E::None), u"No error");
-  EXPECT_EQ(XmlParseErrorText(E::UnmatchedEndTagWarning), u"Warning: Unmatched end tag");
-  EXPECT_EQ(XmlParseErrorText(E::UnmatchedEndTag), u"Error: Unmatched end tag");
-  EXPECT_EQ(XmlParseErrorText(E::CharacterCodeAbove255),
-            u"Error: Character code above 255 is forbidden in MultiByte char mode.");
-  EXPECT_EQ(XmlParseErrorText(E::Base64OutputTooSmall),
-            u"Error: Base64 decode output buffer is too small");
-  EXPECT_EQ(XmlParseErrorText(static_cast<XmlParseError>(21)), u"");
-}
-
 }  // namespace
 }  // namespace NScrivolt
