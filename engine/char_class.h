@@ -35,6 +35,15 @@ constexpr bool HasCharClass(WChar c, std::uint8_t charClass) {
 constexpr bool IsNameChar(WChar c) { return HasCharClass(c, CharClass::Name); }
 constexpr bool IsSpaceChar(WChar c) { return HasCharClass(c, CharClass::Space); }
 
+// A function, argument or parameter name: one or more name characters.
+constexpr bool IsValidName(WStringView text) {
+  if (text.empty()) return false;
+  for (WChar c : text) {
+    if (!IsNameChar(c)) return false;
+  }
+  return true;
+}
+
 // A reference is name characters, a "." directly after a name character, and
 // a "#" directly after a "."; `previous` is the unit before `c` in the
 // reference (0 at its start), so a reference never begins with "." or "#".

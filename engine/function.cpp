@@ -30,14 +30,6 @@ int AppendArgument(ArgumentList& list, const CParsePartRef& part) {
 
 namespace {
 
-bool IsValidName(WStringView name) {
-  if (name.empty()) return false;
-  for (WChar c : name) {
-    if (!IsNameChar(c)) return false;
-  }
-  return true;
-}
-
 WString NamedMessage(MessageId id, WStringView placeholder, WStringView value) {
   return CText(id).Replace(placeholder, value).str();
 }

@@ -26,12 +26,6 @@ CParsePart::~CParsePart() {
   }
 }
 
-CParsePartRef CParsePart::CopyAsContent() const {
-  CParsePartRef copy = CParsePartRef::Make(PartKind::ArgContent, source_, position_, name_);
-  copy->children_ = children_;
-  return copy;
-}
-
 void CParsePart::SetOwnValue(WString value) {
   ownValue_ = std::make_unique<WString>(std::move(value));
   value_ = *ownValue_;

@@ -1,8 +1,8 @@
 // CParsePart: one node of a parsed template, shared through
 // CRefCounter<CParsePart*>. Names and most values are views into the
-// template's CTemplateSource, which every part keeps alive, so a part (or a
-// copy of a content argument kept by a user function) stays valid after the
-// parser that made it is gone.
+// template's CTemplateSource, which every part keeps alive, so a part (such
+// as the content argument a user function keeps as its body) stays valid
+// after the parser that made it is gone.
 #pragma once
 
 #include <cstddef>
@@ -57,10 +57,6 @@ class CParsePart {
   WStringView Name() const { return name_; }
   WStringView Value() const { return value_; }
   const std::vector<CParsePartRef>& Children() const { return children_; }
-
-  // A new ArgContent part with this part's position and name that shares this
-  // part's children (user functions keep their body this way).
-  CParsePartRef CopyAsContent() const;
 
  private:
   friend class CParser;

@@ -26,14 +26,6 @@ void CheckErrorText(const WString& errorText) {
   Require(errorText.find(u"\r\n") == WString::npos);  // exactly one line
 }
 
-bool IsName(WStringView name) {
-  if (name.empty()) return false;
-  for (WChar c : name) {
-    if (!IsNameChar(c)) return false;
-  }
-  return true;
-}
-
 void CheckPart(const CParsePart& part, WStringView text) {
   Require(part.Position() <= text.size());
   Require(part.Location().line >= 1);
@@ -46,7 +38,7 @@ void CheckPart(const CParsePart& part, WStringView text) {
       UnescapeText(part.Value());
       break;
     default:
-      Require(IsName(part.Name()));
+      Require(IsValidName(part.Name()));
       Require(text.substr(part.Position(), part.Name().size()) == part.Name());
       break;
   }

@@ -84,14 +84,5 @@ TEST(ParamQualifier, ValuesHoldingPlaceholdersStayAsWritten) {
             u"processing argument \"/set [NAME]\"");
 }
 
-TEST(ParamQualifier, NumberZeroAndOneNameTheSameChild) {
-  CParam root;
-  CParam* first = root.FindParam(Ref(u"x.#1"), true);
-  EXPECT_EQ(root.FindParam(Ref(u"x.#0")), first);
-  EXPECT_EQ(root.FindParam(Ref(u"x.#-1")), first);
-  EXPECT_EQ(root.FindParam(Ref(u"X")), root.FindParam(Ref(u"x")));
-  EXPECT_EQ(root.FindParam(Ref(u"x"))->Count(), 1u);
-}
-
 }  // namespace
 }  // namespace NScrivolt

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <limits>
 
 #include "unit/param_test_util.h"
@@ -44,13 +43,6 @@ TEST(ParamNames, LookupIgnoresCaseAndKeepsDisplayNames) {
   EXPECT_EQ(node.GetChildValue(u"b"), u"B");
   EXPECT_EQ(node.GetChildValue(u"missing"), u"");
   EXPECT_EQ(Children(node), "a=a, B=B");
-}
-
-TEST(ParamNames, ReferencesDifferingInCaseNameOneParameter) {
-  CParam root;
-  root.FindParam(Ref(u"A.B"), true)->SetValue(u"v");
-  EXPECT_EQ(root.FindParam(Ref(u"a.b")), root.FindParam(Ref(u"A.B")));
-  EXPECT_EQ(Dump(root), "0 #1  (numbered) = \n1 #1 A = \n2 #1 B = v\n");
 }
 
 // Lookups in lists long enough to use the hash index, with removals between.
@@ -151,16 +143,6 @@ TEST(ParamDelete, RemovesOneNodeAndClosesTheNumbering) {
   }
 }
 
-TEST(ParamDelete, FormerThirdChildIsFoundByNumberTwo) {
-  CParam node = Named({u"a", u"b", u"c"});
-  const CParam* third = node.GetChildByName(u"c");
-  node.DeleteParam(Ref(u"#2"));
-  EXPECT_EQ(third->GetId().index, 1);
-  EXPECT_EQ(node.FindParam(Ref(u"#2")), third);
-  node.DeleteParam({});
-  EXPECT_EQ(node.Count(), 2u);
-}
-
 TEST(ParamDelete, NestedNodesGoWithTheirSubtree) {
   CParam root;
   root.FindParam(Ref(u"a.b.c"), true)->SetValue(u"deep");
@@ -216,23 +198,6 @@ TEST(ParamCopy, KeepsAutomaticNamesAndNumberedFlags) {
 
   const std::int64_t next = NextAutomaticNumber();
   EXPECT_EQ(target.AppendNumbered()->GetId().name, AutomaticName(next));
-}
-
-TEST(ParamCopy, ClearAndClearChildren) {
-  struct Case {
-    std::function<void(CParam&)> operation;
-    const char* dump;
-  } const cases[] = {
-      {[](CParam& p) { p.Clear(); }, "0 #1  (numbered) = \n"},
-      {[](CParam& p) { p.ClearChildren(); }, "0 #1  (numbered) = kept\n"},
-      {[](CParam& p) { p.CopyFrom(CParam()); }, "0 #1  (numbered) = \n"},
-  };
-  for (const Case& c : cases) {
-    CParam node = Named({u"a", u"b"});
-    node.SetValue(u"kept");
-    c.operation(node);
-    EXPECT_EQ(Dump(node), c.dump);
-  }
 }
 
 // Copying between a node and its own ancestor or descendant copies the state

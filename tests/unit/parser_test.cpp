@@ -193,29 +193,6 @@ TEST(Parser, ReportsEachSyntaxErrorAtItsPlaceForEveryLineEnd) {
   }
 }
 
-TEST(Parser, KeepsTheTreeBuiltBeforeAnError) {
-  const ShapeCase cases[] = {
-      {"a<# f x: \"1\"; g y: ", "T\"a\", f(x=\"1\"), g(y)"},
-      {"<# f x: \"open", "f(x=\"\")"},
-      {"<# f c: (#>t #>", "f(c:[T\"t #>\"])"},
-      {"<# f ) g #>", "f()"},
-  };
-  for (const ShapeCase& c : cases) {
-    CParser parser;
-    EXPECT_NE(parser.Parse(Utf8ToWide(c.source), kContext), u"") << c.source;
-    EXPECT_EQ(Dump(*parser.GetRoot()), c.tree) << c.source;
-  }
-}
-
-TEST(Parser, ANewParseReplacesTheTreeAndAnEarlierError) {
-  CParser parser;
-  EXPECT_EQ(Dump(*parser.GetRoot()), "");
-  EXPECT_NE(parser.Parse(u"<# f", kContext), u"");
-  EXPECT_EQ(parser.Parse(u"<# g #>", u"other"), u"");
-  EXPECT_EQ(Dump(*parser.GetRoot()), "g()");
-  EXPECT_EQ(parser.Locate(3).context, u"other");
-}
-
 TEST(Parser, PartsOutliveTheirParser) {
   CParsePartRef call;
   {
@@ -226,22 +203,6 @@ TEST(Parser, PartsOutliveTheirParser) {
   EXPECT_EQ(Dump(*call), "f(a=\"q\"q\" b=r)");
   EXPECT_EQ(call->Location().line, 2u);
   EXPECT_EQ(call->Location().context, kContext);
-}
-
-TEST(Parser, ContentCopySharesTheChildren) {
-  CParser parser;
-  ASSERT_EQ(parser.Parse(u"<# makefunction content: (#>body<# g #>!<#) #>", kContext), u"");
-  const CParsePartRef content = parser.GetRoot()->Children()[0]->Children()[0];
-  const CParsePartRef copy = content->CopyAsContent();
-  EXPECT_NE(copy.Get(), content.Get());
-  EXPECT_EQ(copy->Kind(), PartKind::ArgContent);
-  EXPECT_EQ(copy->Name(), u"content");
-  EXPECT_EQ(copy->Position(), content->Position());
-  ASSERT_EQ(copy->Children().size(), 3u);
-  for (std::size_t i = 0; i < 3; ++i) {
-    EXPECT_EQ(copy->Children()[i].Get(), content->Children()[i].Get());
-    EXPECT_EQ(copy->Children()[i].UseCount(), 2u);
-  }
 }
 
 // Builds "<#" followed by `depth` times "f x: (", optionally closed again.

@@ -60,21 +60,6 @@ TEST(Isolation, AnIsolatedRunPutsBackAfterAnErrorToo) {
   EXPECT_EQ(std::as_const(context).Root().GetChildByName(u"a"), nullptr);
 }
 
-TEST(Isolation, ANonIsolatedRunKeepsChangesButNotTheFileParameters) {
-  CProcessContext context;
-  context.Root().GetChildByName(u"_InFile", true)->SetValue(u"outer.txt");
-  const TemplateRun run = RunTemplate(context,
-                                      u"<# set param: \"a\" to: \"1\"; makefunction name: \"f\" content: (#>f<#) #>"
-                                      u"[<# use param: \"_InFile\" #>|<# use param: \"_CurrentFile\" #>]");
-  EXPECT_EQ(Lines(run.errors), "");
-  // A text source changes no file field of the record, so the base record's empty values show.
-  EXPECT_EQ(WideToUtf8(run.output), "[|]");
-  EXPECT_EQ(context.Root().GetChildValue(u"a"), u"1");
-  EXPECT_TRUE(context.userFunctions.IsDefined(u"f"));
-  EXPECT_EQ(context.Root().GetChildValue(u"_InFile"), u"outer.txt");
-  EXPECT_EQ(context.Root().GetChildValue(u"_CurrentFile"), u"");
-}
-
 TEST(BaseFolder, BasePathThenFolderOfCurrentInFile) {
   struct Case {
     const WChar* basePath;
@@ -97,10 +82,9 @@ TEST(BaseFolder, BasePathThenFolderOfCurrentInFile) {
 
 class FileProcess : public ::testing::Test {
  protected:
-  WString Run(const WString& in, const WString& out, EncodingType outType = EncodingType::Ascii,
-              bool outExplicit = false) {
+  WString Run(const WString& in, const WString& out) {
     CFileContentSource source(in, EncodingType::Ascii, false, false, true);
-    CFileContentDest destination(out, outType, outExplicit, true);
+    CFileContentDest destination(out, EncodingType::Ascii, false, true);
     return Process(context_, source, destination, true, true);
   }
 
@@ -108,63 +92,20 @@ class FileProcess : public ::testing::Test {
   CProcessContext context_;
 };
 
-// Little-endian UTF-16 bytes of a text.
-std::string Utf16Le(WStringView text) {
-  std::string bytes;
-  for (WChar c : text) bytes += std::string{char(c & 0xFF), char(c >> 8)};
-  return bytes;
-}
-
-TEST_F(FileProcess, OutputMirrorsTheInputEncodingAndMark) {
-  folder_.Put("in16.txt", "\xFF\xFE" + Utf16Le(u"a<# use param: \"_InFile\" #>"));
-  const WString in = folder_.Path("in16.txt");
-  EXPECT_EQ(Lines(Run(in, folder_.Path("out16.txt"))), "");
-  EXPECT_EQ(folder_.Get("out16.txt"), "\xFF\xFE" + Utf16Le(u"a" + in));
-}
-
-TEST_F(FileProcess, ExplicitOutputEncodingWritesItsMark) {
-  folder_.Put("in.txt", "x");
-  EXPECT_EQ(Lines(Run(folder_.Path("in.txt"), folder_.Path("out.txt"), EncodingType::Utf16Be, true)), "");
-  EXPECT_EQ(folder_.Get("out.txt"), std::string("\xFE\xFF\0x", 4));
-}
-
-TEST_F(FileProcess, SystemParametersDescribeTheRunAndAreGoneAfterwards) {
-  folder_.Put("in.txt", "<# use param: \"_InFile\" #>|<# use param: \"_CurrentFile\" #>|<# use param: \"_OutFile\" #>");
-  const WString in = folder_.Path("in.txt");
-  const WString out = folder_.Path("out.txt");
-  EXPECT_EQ(Lines(Run(in, out)), "");
-  EXPECT_EQ(folder_.Get("out.txt"), WideToUtf8(in + u"|" + in + u"|" + out));
-  EXPECT_EQ(std::as_const(context_).Root().GetChildByName(u"_InFile"), nullptr);
-}
-
-TEST_F(FileProcess, TheTemplatesFolderIsTheCurrentDirectoryWhileItRuns) {
+// The run works in the template's folder and changes back when it ends.
+TEST_F(FileProcess, TheCurrentDirectoryIsBackAfterwards) {
   folder_.Put("in.txt", "<# set param: \"x\" to: \"1\" #>");
   WString before;
   ASSERT_TRUE(Platform::CurrentDirectory(before));
-  CFileContentSource source(folder_.Path("in.txt"), EncodingType::Ascii, false, false, true);
-  CFileContentDest destination(folder_.Path("out.txt"), EncodingType::Ascii, false, true);
-  EXPECT_EQ(Lines(Process(context_, source, destination, true, true)), "");
+  EXPECT_EQ(Lines(Run(folder_.Path("in.txt"), folder_.Path("out.txt"))), "");
   WString after;
   ASSERT_TRUE(Platform::CurrentDirectory(after));
   EXPECT_EQ(after, before);
 }
 
-TEST_F(FileProcess, NothingIsWrittenAfterAnError) {
-  folder_.Put("in.txt", "text before <# use param: \"missing\" #>");
-  EXPECT_NE(Lines(Run(folder_.Path("in.txt"), folder_.Path("out.txt"))), "");
-  EXPECT_EQ(folder_.Names(), std::set<std::string>{"in.txt"});
-}
-
 TEST_F(FileProcess, AMissingInputIsReportedWithItsFullPath) {
   const WString missing = folder_.Path("missing.txt");
   EXPECT_EQ(Run(missing, folder_.Path("out.txt")), u"\r\n- Cannot read from file \"" + missing + u"\"");
-}
-
-TEST_F(FileProcess, ErrorLinesNameTheFileAsGiven) {
-  folder_.Put("bad.txt", "\n<# frobnicate #>");
-  const WString path = folder_.Path("bad.txt");
-  EXPECT_EQ(Run(path, folder_.Path("out.txt")),
-            u"- Unknown function type \"frobnicate\" found at line 2, column 4, file \"" + path + u"\"");
 }
 
 TEST(ProcessWithoutEvaluation, CopiesTheTextUnchanged) {
