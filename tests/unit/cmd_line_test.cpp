@@ -93,54 +93,6 @@ TEST(CmdLine, SetArgumentsTakesElementsWhole) {
   EXPECT_EQ(Describe(commandLine.Entries()), "S</set>O<Dir>O</var/www>O<a \"b\" \\c>S<--go>");
 }
 
-// Takes as many options as the script says for each switch and fails at the
-// token it is told to.
-class CScriptedProcessor : public ICmdLineProcessor {
- public:
-  struct Step {
-    unsigned consumed;
-    bool ok;
-  };
-  explicit CScriptedProcessor(std::vector<Step> steps) : steps_(std::move(steps)) {}
-
-  SwitchResult ProcessSwitch(EntryIterator current, EntryIterator) override {
-    seen += WideToUtf8(current->text) + " ";
-    const Step step = steps_.at(calls_++);
-    return {step.ok, step.consumed, step.ok ? WString() : u"failed at " + current->text};
-  }
-
-  std::string seen;
-
- private:
-  std::vector<Step> steps_;
-  std::size_t calls_ = 0;
-};
-
-TEST(CmdLine, ProcessSkipsConsumedOptionsAndStopsAtFirstFailure) {
-  struct Case {
-    const char* name;
-    std::vector<CScriptedProcessor::Step> steps;
-    bool result;
-    const char* seen;
-    const WChar* errorText;
-  };
-  const Case cases[] = {
-      {"all succeed", {{1, true}, {2, true}, {0, true}}, true, "/a /b /c ", u""},
-      {"failure stops the loop", {{1, true}, {0, false}}, false, "/a /b ", u"failed at /b"},
-      {"consuming past the end ends the loop", {{1, true}, {99, true}}, true, "/a /b ", u""},
-      {"options are handed over too", {{0, true}, {0, true}, {0, false}}, false, "/a 1 /b ", u"failed at /b"},
-  };
-  for (const Case& c : cases) {
-    CCmdLine commandLine(SwitchSyntax::Slash);
-    commandLine.Parse(u"/a 1 /b 2 3 /c");
-    CScriptedProcessor processor(c.steps);
-    EXPECT_EQ(commandLine.Process(processor), c.result) << c.name;
-    EXPECT_EQ(processor.seen, c.seen) << c.name;
-    EXPECT_EQ(commandLine.ErrorText(), c.errorText) << c.name;
-    EXPECT_EQ(commandLine.Stopped(), !c.result) << c.name;
-  }
-}
-
 struct ArgumentsCase {
   const char* name;
   const WChar* commandLine;
