@@ -98,23 +98,6 @@ TEST_F(FileIo, FolderInPlaceOfTheFileCannotBeRead) {
   }
 }
 
-TEST_F(FileIo, BytesInvalidInTheAnsiCodePageCannotBeRead) {
-  std::string invalid;
-  if (!Testing::FindBytesInvalidInAnsi(invalid)) {
-    GTEST_SKIP() << "the ANSI code page of this run accepts every byte";
-  }
-  folder_.Put("in.txt", "text " + invalid);
-  const WString path = folder_.Path("in.txt");
-  for (const bool isExplicit : {false, true}) {
-    WString errorText = u"earlier";
-    WString text;
-    EncodingInfo encoding;
-    EXPECT_FALSE(ReadTextFile(path, text, true, encoding, isExplicit, errorText));
-    EXPECT_EQ(errorText, u"earlier" + CannotRead(path));
-    EXPECT_EQ(text, u"");
-  }
-}
-
 struct WriteCase {
   WStringView text;
   EncodingInfo encoding;
@@ -140,18 +123,6 @@ TEST_F(FileIo, WriteEncodesWithOrWithoutMark) {
   }
   EXPECT_EQ(errorText_, u"");
   EXPECT_EQ(folder_.Names(), std::set<std::string>{"out.txt"});
-}
-
-TEST_F(FileIo, UnrepresentableInExplicitAsciiWritesNothing) {
-  const WString path = folder_.Path("out.txt");
-  EXPECT_FALSE(WriteTextFile(path, Testing::kNotInAnyCodePage, Info(Type::Ascii), true, errorText_));
-  EXPECT_EQ(errorText_,
-            u"\r\n- Content to write to file \"" + path + u"\" not representable in ASCII encoding");
-  EXPECT_TRUE(folder_.Names().empty());
-
-  folder_.Put("out.txt", "before");
-  EXPECT_FALSE(WriteTextFile(path, Testing::kNotInAnyCodePage, Info(Type::Ascii), true, errorText_));
-  EXPECT_EQ(folder_.Get("out.txt"), "before");
 }
 
 TEST_F(FileIo, ReplacingAFileLeavesOnlyTheNewContent) {
