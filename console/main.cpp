@@ -1,14 +1,14 @@
 // Entry point of the POSIX console program: each argument is one token.
-// Without arguments, or with a help switch alone, it prints the usage text;
-// "--version" alone prints the version lines. Everything else is a
-// command-line run, whose result is the exit code.
+// Without arguments it prints the usage text; "--version" alone prints the
+// version lines. Everything else is a command-line run, whose result is the
+// exit code. A help switch is a switch of the run like any other: it prints
+// the usage text and the run goes on.
 #include <cstdio>
 #include <exception>
 #include <string>
 #include <vector>
 
 #include "cmdline/cmd_line_processor.h"
-#include "cmdline/switch_table.h"
 #include "cmdline/unexpected_error.h"
 #include "text/text.h"
 #include "text/usage_text.h"
@@ -38,15 +38,9 @@ std::vector<WString> VisibleArguments(int argc, char** argv) {
   return visible;
 }
 
-bool IsHelpSwitch(const WString& token) {
-  if (!IsSwitchToken(token, Platform::NativeSwitchSyntax())) return false;
-  const SwitchKind kind = FindSwitch(SwitchNameOf(token));
-  return kind == SwitchKind::Question || kind == SwitchKind::Help;
-}
-
 int RunProgram(int argc, char** argv) {
   const std::vector<WString> visible = VisibleArguments(argc, argv);
-  if (visible.empty() || (visible.size() == 1 && IsHelpSwitch(visible[0]))) {
+  if (visible.empty()) {
     PrintToStandardOutput(UsageText());
     return 0;
   }

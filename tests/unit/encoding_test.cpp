@@ -43,14 +43,6 @@ TEST(ParseEncodingName, KeywordsIgnoreCaseAndDisplayNamesAreNotKeywords) {
   }
 }
 
-TEST(EncodingDisplayName, OneNamePerTypeNoneOutOfRange) {
-  EXPECT_EQ(EncodingDisplayName(Type::Ascii), u"ASCII");
-  EXPECT_EQ(EncodingDisplayName(Type::Utf8), u"UTF-8");
-  EXPECT_EQ(EncodingDisplayName(Type::Utf16), u"UTF-16");
-  EXPECT_EQ(EncodingDisplayName(Type::Utf16Be), u"UTF-16 BE");
-  EXPECT_EQ(EncodingDisplayName(kUntouched), u"");
-}
-
 struct DetectCase {
   std::string_view bytes;
   EncodingType given;  // the default, or the explicit type
@@ -123,12 +115,6 @@ TEST(EncodeText, MarksByteOrdersAndNewlinesAsTheyAre) {
     EXPECT_FALSE(result.usedDefaultChar) << Hex(c.bytes);
     EXPECT_EQ(Hex(result.bytes), Hex(c.bytes));
   }
-}
-
-TEST(EncodeText, UnknownTypeFailsWithoutBytes) {
-  const EncodeResult result = EncodeText(u"A", kUntouched, true);
-  EXPECT_FALSE(result.ok);
-  EXPECT_TRUE(result.bytes.empty());
 }
 
 struct DecodeCase {

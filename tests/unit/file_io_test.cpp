@@ -70,17 +70,6 @@ TEST_F(FileIo, ReadDetectsOrChecksTheMarkAndReportsIt) {
   EXPECT_EQ(errorText_, u"");
 }
 
-// Without a mark, auto mode keeps the assumed type: the ANSI code page.
-TEST_F(FileIo, Utf8WithoutMarkInAutoModeIsReadAsAnsi) {
-  folder_.Put("in.txt", "plain text");
-  WString text;
-  EncodingInfo encoding;
-  EXPECT_TRUE(ReadTextFile(folder_.Path("in.txt"), text, false, encoding, false, errorText_));
-  EXPECT_EQ(encoding.type, Type::Ascii);
-  EXPECT_FALSE(encoding.bom);
-  EXPECT_EQ(text, u"plain text");
-}
-
 TEST_F(FileIo, MissingFileIsAnErrorUnlessSkipped) {
   const WString path = folder_.Path("missing.txt");
   WString text = u"old";
@@ -105,23 +94,6 @@ TEST_F(FileIo, FolderInPlaceOfTheFileCannotBeRead) {
     EncodingInfo encoding;
     EXPECT_FALSE(ReadTextFile(path, text, skipIfMissing, encoding, false, errorText));
     EXPECT_EQ(errorText, CannotRead(path));
-    EXPECT_EQ(text, u"");
-  }
-}
-
-TEST_F(FileIo, BytesInvalidInTheAnsiCodePageCannotBeRead) {
-  std::string invalid;
-  if (!Testing::FindBytesInvalidInAnsi(invalid)) {
-    GTEST_SKIP() << "the ANSI code page of this run accepts every byte";
-  }
-  folder_.Put("in.txt", "text " + invalid);
-  const WString path = folder_.Path("in.txt");
-  for (const bool isExplicit : {false, true}) {
-    WString errorText = u"earlier";
-    WString text;
-    EncodingInfo encoding;
-    EXPECT_FALSE(ReadTextFile(path, text, true, encoding, isExplicit, errorText));
-    EXPECT_EQ(errorText, u"earlier" + CannotRead(path));
     EXPECT_EQ(text, u"");
   }
 }
@@ -153,30 +125,11 @@ TEST_F(FileIo, WriteEncodesWithOrWithoutMark) {
   EXPECT_EQ(folder_.Names(), std::set<std::string>{"out.txt"});
 }
 
-TEST_F(FileIo, UnrepresentableInExplicitAsciiWritesNothing) {
-  const WString path = folder_.Path("out.txt");
-  EXPECT_FALSE(WriteTextFile(path, Testing::kNotInAnyCodePage, Info(Type::Ascii), true, errorText_));
-  EXPECT_EQ(errorText_,
-            u"\r\n- Content to write to file \"" + path + u"\" not representable in ASCII encoding");
-  EXPECT_TRUE(folder_.Names().empty());
-
-  folder_.Put("out.txt", "before");
-  EXPECT_FALSE(WriteTextFile(path, Testing::kNotInAnyCodePage, Info(Type::Ascii), true, errorText_));
-  EXPECT_EQ(folder_.Get("out.txt"), "before");
-}
-
 TEST_F(FileIo, ReplacingAFileLeavesOnlyTheNewContent) {
   folder_.Put("out.txt", "a much longer old content");
   EXPECT_TRUE(WriteTextFile(folder_.Path("out.txt"), u"new", Info(Type::Utf8), true, errorText_));
   EXPECT_EQ(folder_.Get("out.txt"), "new");
   EXPECT_EQ(folder_.Names(), std::set<std::string>{"out.txt"});
-}
-
-TEST_F(FileIo, MissingFolderForTheOutput) {
-  const WString path = (folder_.Native("no such folder") / "out.txt").u16string();
-  EXPECT_FALSE(WriteTextFile(path, u"text", Info(Type::Utf8), true, errorText_));
-  EXPECT_EQ(errorText_, CannotWrite(path));
-  EXPECT_TRUE(folder_.Names().empty());
 }
 
 // A failed write leaves what was there as it was, and nothing beside it.
@@ -188,20 +141,6 @@ TEST_F(FileIo, FolderInPlaceOfTheOutputStaysAsItWas) {
   EXPECT_EQ(errorText_, CannotWrite(path));
   EXPECT_EQ(folder_.Names(), std::set<std::string>{"target"});
   EXPECT_EQ(folder_.Get("target/kept.txt"), "kept");
-}
-
-// A destination without explicit encoding takes the descriptor the template
-// was read with, so the bytes come out as they went in.
-TEST_F(FileIo, WritingWithTheReadDescriptorGivesTheSameBytes) {
-  for (const std::string_view bytes :
-       {"\xFF\xFEx\0\r\0\n\0"sv, "\xFE\xFF\0x"sv, "\xEF\xBB\xBFx\r"sv, "x\n"sv}) {
-    folder_.Put("in.txt", bytes);
-    WString text;
-    EncodingInfo encoding;
-    ASSERT_TRUE(ReadTextFile(folder_.Path("in.txt"), text, false, encoding, false, errorText_));
-    ASSERT_TRUE(WriteTextFile(folder_.Path("out.txt"), text, encoding, false, errorText_));
-    EXPECT_EQ(Hex(folder_.Get("out.txt")), Hex(bytes));
-  }
 }
 
 }  // namespace

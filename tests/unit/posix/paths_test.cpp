@@ -4,7 +4,6 @@
 #include "platform/paths.h"
 #include "text/file_io.h"
 #include "text/utf8.h"
-#include "unit/scratch_folder.h"
 
 namespace NScrivolt {
 namespace {
@@ -79,16 +78,6 @@ TEST(PosixResolveFilePath, OneLeadingBackslashLiesBelowTheBasePath) {
     EXPECT_EQ(ResolveFilePath(c.path, c.basePath), c.expected)
         << WideToUtf8(c.path) << " below " << WideToUtf8(c.basePath);
   }
-}
-
-TEST(PosixCurrentDirectory, ChangesAndComesBack) {
-  Testing::CScratchFolder folder;
-  const WString before = Cwd();
-  ASSERT_TRUE(Platform::ChangeCurrentDirectory(folder.Folder()));
-  EXPECT_EQ(Cwd(), std::filesystem::canonical(folder.Native("")).u16string());
-  EXPECT_FALSE(Platform::ChangeCurrentDirectory(folder.Path("missing")));
-  ASSERT_TRUE(Platform::ChangeCurrentDirectory(before));
-  EXPECT_EQ(Cwd(), before);
 }
 
 }  // namespace

@@ -77,14 +77,5 @@ TEST(Win32Files, ReadOnlyTargetIsNotReplaced) {
   EXPECT_EQ(folder.Names(), std::set<std::string>{"out.txt"});
 }
 
-TEST(Win32CurrentDirectory, ChangesAndComesBack) {
-  Testing::CScratchFolder folder;
-  const WString before = Cwd();
-  ASSERT_TRUE(Platform::ChangeCurrentDirectory(folder.Folder()));
-  EXPECT_EQ(Cwd(), std::filesystem::canonical(folder.Native("")).u16string());
-  ASSERT_TRUE(Platform::ChangeCurrentDirectory(before));
-  EXPECT_EQ(Cwd(), before);
-}
-
 }  // namespace
 }  // namespace NScrivolt
