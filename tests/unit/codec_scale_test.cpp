@@ -3,20 +3,15 @@
 // no recursion as deep as the input.
 #include <gtest/gtest.h>
 
+#include "repeated_text.h"
 #include "template_runner.h"
 
 namespace NScrivolt {
 namespace {
 
-constexpr std::size_t kDeepNesting = 1000000;
-constexpr std::size_t kHugeLength = 50 * 1024 * 1024;
-
-WString Repeat(WStringView piece, std::size_t count) {
-  WString text;
-  text.reserve(piece.size() * count);
-  for (std::size_t i = 0; i < count; ++i) text.append(piece);
-  return text;
-}
+using Testing::kDeepNesting;
+using Testing::kHugeLength;
+using Testing::Repeat;
 
 void SetTopLevel(CProcessContext& context, WStringView name, WString value) {
   context.Root().GetChildByName(name, true)->SetValue(std::move(value));

@@ -2,21 +2,16 @@
 // without deep recursion and with work in proportion to their size.
 #include <gtest/gtest.h>
 
+#include "repeated_text.h"
 #include "xml/xml_parse.h"
 #include "xml/xml_write.h"
 
 namespace NScrivolt {
 namespace {
 
-constexpr std::size_t kDeepNesting = 1000000;
-constexpr std::size_t kHugeLength = 50 * 1024 * 1024;
-
-WString Repeat(WStringView piece, std::size_t count) {
-  WString text;
-  text.reserve(piece.size() * count);
-  for (std::size_t i = 0; i < count; ++i) text.append(piece);
-  return text;
-}
+using Testing::kDeepNesting;
+using Testing::kHugeLength;
+using Testing::Repeat;
 
 TEST(XmlScale, MillionLevelsReadWriteAndFree) {
   const WString text = Repeat(u"<a>", kDeepNesting) + Repeat(u"</a>", kDeepNesting);
