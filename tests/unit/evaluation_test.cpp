@@ -15,6 +15,8 @@ struct EvaluationCase {
 // Templates evaluated against an empty parameter tree.
 const EvaluationCase kCases[] = {
     {"text only", u"plain text\r\nline 2", "plain text\r\nline 2", ""},
+    {"text only with lone markers", u"a #> b ) ; {c}", "a #> b ) ; {c}", ""},
+    {"empty template", u"", "", ""},
     {"escapes in text", u"Price: 5 <#<# not a script #>#>", "Price: 5 <# not a script #>", ""},
     {"empty script", u"a<##>b<# ; #>c", "abc", ""},
     {"set and use", u"<# set param: \"Name\" to: \"World\" #>Hello <# use param: \"Name\" #>!", "Hello World!", ""},
