@@ -1,5 +1,6 @@
 #include "xml/xml_scanner.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <initializer_list>
 
@@ -52,7 +53,8 @@ WStringView TrimXmlSpace(WStringView text) {
 }
 
 bool XmlScanner::LooksAt(WStringView what) const {
-  return text_.compare(position_, what.size(), what) == 0;
+  return position_ <= text_.size() && text_.size() - position_ >= what.size() &&
+         std::equal(what.begin(), what.end(), text_.begin() + std::ptrdiff_t(position_));
 }
 
 WStringView XmlScanner::ReadTextRun() {
