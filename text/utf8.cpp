@@ -118,7 +118,7 @@ bool Decode(std::string_view bytes, WString& text, bool strict) {
     while (in < end && blockEnd - out >= 2) {  // a sequence writes at most two units
       const unsigned char* const asciiEnd = in + std::min(end - in, blockEnd - out);
       in = CopyAsciiRun(in, asciiEnd, out);
-      if (in == asciiEnd) continue;
+      if (in == asciiEnd || blockEnd - out < 2) continue;
       if (const size_t common = DecodeCommon(in, end, *out)) {
         in += common;
         ++out;
