@@ -45,13 +45,15 @@ bool SameUnits(const SortKey& a, const SortKey& b) {
 
 // Of two texts that match so far, the shorter one packs 0 where the longer
 // one goes on, or has the smaller length: it comes first, as it must. Equal
-// texts keep number order.
-bool Less(const SortKey& a, const SortKey& b) {
-  if (a.first != b.first) return a.first < b.first;
-  if (a.second != b.second) return a.second < b.second;
-  if (a.length != b.length) return a.length < b.length;
-  return a.index < b.index;
-}
+// texts keep number order. A function object, so that the sort inlines it.
+struct KeyLess {
+  bool operator()(const SortKey& a, const SortKey& b) const {
+    if (a.first != b.first) return a.first < b.first;
+    if (a.second != b.second) return a.second < b.second;
+    if (a.length != b.length) return a.length < b.length;
+    return a.index < b.index;
+  }
+};
 
 struct KeyRange {
   std::size_t begin;
@@ -61,32 +63,31 @@ struct KeyRange {
 
 // Ranges wait on a stack of their own, so no input can deepen the call stack.
 void SortBy(std::vector<CParam*>& nodes, WStringView (*textOf)(const CParam&)) {
-  std::vector<WStringView> texts;
   std::vector<SortKey> keys;
-  texts.reserve(nodes.size());
   keys.reserve(nodes.size());
-  for (CParam* node : nodes) {
-    texts.push_back(textOf(*node));
-    keys.push_back(MakeKey(texts.back(), 0, std::uint32_t(keys.size())));
-  }
+  for (CParam* node : nodes) keys.push_back(MakeKey(textOf(*node), 0, std::uint32_t(keys.size())));
   std::vector<KeyRange> pending{{0, keys.size(), 0}};
   while (!pending.empty()) {
     const KeyRange range = pending.back();
     pending.pop_back();
-    std::sort(keys.begin() + std::ptrdiff_t(range.begin), keys.begin() + std::ptrdiff_t(range.end), Less);
+    std::sort(keys.begin() + std::ptrdiff_t(range.begin), keys.begin() + std::ptrdiff_t(range.end), KeyLess());
     for (std::size_t first = range.begin; first < range.end;) {
       std::size_t last = first + 1;
       while (last < range.end && SameUnits(keys[first], keys[last])) ++last;
       if (last - first > 1 && keys[first].length == kGoesOn) {
         const std::size_t depth = range.depth + kUnitsPerKey;
-        for (std::size_t i = first; i < last; ++i) keys[i] = MakeKey(texts[keys[i].index], depth, keys[i].index);
+        for (std::size_t i = first; i < last; ++i) {
+          keys[i] = MakeKey(textOf(*nodes[keys[i].index]), depth, keys[i].index);
+        }
         pending.push_back({first, last, depth});
       }
       first = last;
     }
   }
-  const std::vector<CParam*> byNumber(nodes);
-  for (std::size_t i = 0; i < keys.size(); ++i) nodes[i] = byNumber[keys[i].index];
+  std::vector<CParam*> sorted;
+  sorted.reserve(keys.size());
+  for (const SortKey& key : keys) sorted.push_back(nodes[key.index]);
+  nodes.swap(sorted);
 }
 
 // Keys are lower case already, so folding leaves their order by code unit.
