@@ -43,11 +43,13 @@ std::uint64_t AutomaticNumberIn(WStringView key) {
   const WStringView digits = key.substr(kKeyPrefix.size());
   if (digits[0] == u'0') return 0;
   constexpr std::uint64_t kLargest = std::numeric_limits<std::uint64_t>::max();
+  constexpr std::uint64_t kLargestTenth = kLargest / 10;
+  constexpr unsigned kLargestLastDigit = unsigned(kLargest % 10);
   std::uint64_t number = 0;
   for (const WChar c : digits) {
     if (c < u'0' || c > u'9') return 0;
     const unsigned digit = unsigned(c - u'0');
-    if (number > (kLargest - digit) / 10) return 0;
+    if (number > kLargestTenth || (number == kLargestTenth && digit > kLargestLastDigit)) return 0;
     number = number * 10 + digit;
   }
   return number;
