@@ -98,7 +98,7 @@ CParam* CParam::AppendNumbered() {
   return node.release();
 }
 
-CParam* CParam::AppendNamed(CParamId id) {
+CParam* CParam::AppendNamed(CParamId&& id) {
   CParamChildList& list = OwnOrCreateChildren();
   auto node = std::unique_ptr<CParam>(new CParam(std::move(id)));
   list.Append(node.get());
@@ -107,7 +107,7 @@ CParam* CParam::AppendNamed(CParamId id) {
 
 CParam* CParam::AddChild(const CParamId& id) {
   CParamChildList& list = OwnOrCreateChildren();
-  auto node = std::unique_ptr<CParam>(new CParam(id));
+  auto node = std::unique_ptr<CParam>(new CParam(CParamId(id)));
   if (id.numbered) {
     const auto count = std::int64_t(list.Count());
     std::int64_t position = id.index < 0 ? id.index + count : id.index;
@@ -156,7 +156,7 @@ const CParam* CParam::GetChild(const CParamId& id) const {
 
 CParam* CParam::GetChild(const CParamId& id, bool create) {
   if (id.numbered) return GetByNumber(id.index, create);
-  if (FindKey(id.key) == nullptr) return create ? AppendNamed(id) : nullptr;
+  if (FindKey(id.key) == nullptr) return create ? AppendNamed(CParamId(id)) : nullptr;
   return OwnChildren()->FindKey(id.key);
 }
 

@@ -135,14 +135,14 @@ class CParam {
   friend class CParamChildList;
   friend class CParamKeyIndex;
 
-  explicit CParam(CParamId id) : id_(std::move(id)) {}
+  explicit CParam(CParamId&& id) : id_(std::move(id)) {}
 
   // This node's list, made its own first (cloned if shared); null when the
   // node has never had children.
   CParamChildList* OwnChildren();
   CParamChildList& OwnOrCreateChildren();
   // A new last child named by `id`, whose key no child has.
-  CParam* AppendNamed(CParamId id);
+  CParam* AppendNamed(CParamId&& id);
   void ReplaceChildren(CParamChildList* list);
   CParamChildList* TakeChildren();
   const CParam* FindKey(WStringView key) const;

@@ -1,6 +1,5 @@
 #include "xml/xml_scanner.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <initializer_list>
 
@@ -52,9 +51,13 @@ WStringView TrimXmlSpace(WStringView text) {
   return text.substr(first, last - first);
 }
 
+// Most looks fail at the first unit, so the units are compared in line.
 bool XmlScanner::LooksAt(WStringView what) const {
-  return position_ <= text_.size() && text_.size() - position_ >= what.size() &&
-         std::equal(what.begin(), what.end(), text_.begin() + std::ptrdiff_t(position_));
+  if (position_ > text_.size() || text_.size() - position_ < what.size()) return false;
+  for (std::size_t i = 0; i < what.size(); ++i) {
+    if (text_[position_ + i] != what[i]) return false;
+  }
+  return true;
 }
 
 WStringView XmlScanner::ReadTextRun() {
