@@ -32,10 +32,6 @@ const CParamId& CParam::GetId() const {
   return IdAsKept();
 }
 
-bool CParam::HasKey(const CKeyLookup& lookup) const {
-  return automaticNumber_ != 0 ? automaticNumber_ == lookup.automaticNumber : id_.key == lookup.key;
-}
-
 WStringView CParam::KeyIn(AutomaticKeyBuffer& buffer) const {
   return automaticNumber_ != 0 ? AutomaticKeyIn(automaticNumber_, buffer) : WStringView(id_.key);
 }

@@ -148,7 +148,10 @@ class CParam {
   const CParam* FindKey(WStringView key) const;
   // The id with its position up to date, without writing out an automatic name.
   const CParamId& IdAsKept() const;
-  bool HasKey(const CKeyLookup& lookup) const;
+  // In line: lookups in short lists call it for every child.
+  bool HasKey(const CKeyLookup& lookup) const {
+    return automaticNumber_ != 0 ? automaticNumber_ == lookup.automaticNumber : id_.key == lookup.key;
+  }
   // The key, written into `buffer` when it is an automatic one.
   WStringView KeyIn(AutomaticKeyBuffer& buffer) const;
   // The position a 0-based index names: negative ones count from the end.

@@ -30,9 +30,11 @@ WStringView AutomaticKeyIn(std::uint64_t number, AutomaticKeyBuffer& buffer);
 std::uint64_t AutomaticNumberIn(WStringView key);
 
 // A key looked up among the children of a parameter, with the number it
-// names when it has the form of an automatic key.
+// names when it has the form of an automatic key. Most keys are told apart
+// by their first unit, without a call.
 struct CKeyLookup {
-  explicit CKeyLookup(WStringView text) : key(text), automaticNumber(AutomaticNumberIn(text)) {}
+  explicit CKeyLookup(WStringView text)
+      : key(text), automaticNumber(!text.empty() && text[0] == u'p' ? AutomaticNumberIn(text) : 0) {}
 
   WStringView key;
   std::uint64_t automaticNumber;
