@@ -201,16 +201,6 @@ WString Utf8ToWide(std::string_view bytes) {
   return text;
 }
 
-bool Utf8ToWideStrict(std::string_view bytes, WString& text) {
-  text.clear();
-  if (!Decode(bytes, text, true)) {
-    WString().swap(text);
-    return false;
-  }
-  GiveBackUnusedHalf(text);
-  return true;
-}
-
 bool AppendUtf8AsWide(std::string_view bytes, WString& text, bool strict) { return Decode(bytes, text, strict); }
 
 // Only the last three bytes can hold the start of a sequence that is cut

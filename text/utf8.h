@@ -15,11 +15,8 @@ constexpr WChar kReplacementChar = 0xFFFD;
 // overlong form, surrogate code point, value above U+10FFFF) becomes U+FFFD.
 WString Utf8ToWide(std::string_view bytes);
 
-// Strict: false, with `text` emptied, as soon as any sequence is malformed.
-bool Utf8ToWideStrict(std::string_view bytes, WString& text);
-
-// Appends the conversion of `bytes` to `text`, leniently or strictly as
-// above; a strict conversion that fails leaves `text` as it was.
+// Appends the conversion of `bytes` to `text`, leniently as above or
+// strictly: false, with `text` as it was, as soon as a sequence is malformed.
 bool AppendUtf8AsWide(std::string_view bytes, WString& text, bool strict);
 
 // The length of the longest start of `bytes` that converts on its own to

@@ -122,7 +122,7 @@ TEST(Utf8Conversion, LongTextsCrossTheBlocksIntact) {
   EXPECT_EQ(WideToUtf8(text), bytes);
   EXPECT_EQ(Utf8ToWide(bytes), text);
   WString strict;
-  EXPECT_TRUE(Utf8ToWideStrict(bytes, strict));
+  EXPECT_TRUE(AppendUtf8AsWide(bytes, strict, true));
   EXPECT_EQ(strict, text);
   bool replaced = true;
   EXPECT_EQ(WideToUtf8(text + u"\xDC00", &replaced), bytes + "\xEF\xBF\xBD");
