@@ -8,8 +8,9 @@
 # otherwise idle: the figures are times on the wall clock.
 set -euo pipefail
 
+folder=()
+if [ $# -gt 0 ]; then folder=("$(cd "$1" && pwd)"); fi
 cd "$(dirname "$0")/.."
-folder=${1:-${TMPDIR:-/tmp}}
 cmake --preset linux >/dev/null
 cmake --build build/linux -j "${JOBS:-2}" >/dev/null
 
@@ -22,7 +23,7 @@ run() {
 run parser_bench
 run param_bench
 run functions_bench
-run file_bench "$folder"
-run process_bench 100 "$folder"
+run file_bench "${folder[@]}"
+run process_bench 100 "${folder[@]}"
 run codec_bench
 run xml_bench
