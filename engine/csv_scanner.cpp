@@ -46,16 +46,16 @@ std::size_t CCsvRecordReader::Read(const std::function<void(WString&&)>& field) 
 }
 
 // unquoted := units up to a terminator; a run of blanks is kept only when
-// something other than a terminator follows it. Returns the terminator's place.
+// something other than a terminator follows it, so the field is the units
+// up to the terminator without the blanks before it. Returns the
+// terminator's place.
 std::size_t CCsvRecordReader::ReadUnquoted(std::size_t at, WString& value) const {
-  while (!AtTerminator(at)) {
-    std::size_t end = at;
-    while (end < text_.size() && !IsBlank(text_[end]) && !IsSeparatorOrLineEnd(text_[end])) ++end;
-    value.append(text_, at, end - at);
-    at = BlanksEnd(end);
-    if (!AtTerminator(at)) value.append(text_, end, at - end);
-  }
-  return at;
+  std::size_t terminator = at;
+  while (!AtTerminator(terminator)) ++terminator;
+  std::size_t end = terminator;
+  while (end > at && IsBlank(text_[end - 1])) --end;
+  value.assign(text_, at, end - at);
+  return terminator;
 }
 
 // quoted := (unit | '""')* '"' blank*   — `at` is just behind the opening

@@ -7,16 +7,11 @@
 
 namespace NScrivolt {
 
-namespace {
-
-// Automatic names are drawn from one counter for the whole process, never
-// reset, so a name is not handed out twice while the process lives.
-std::uint64_t g_automaticNameCounter = 0;
-
-}  // namespace
-
 CParam::CParam(const CParam& other)
-    : value_(other.value_), id_(other.GetId()), children_(other.children_) {
+    : value_(other.value_),
+      id_(other.IdAsKept()),
+      automaticNumber_(other.automaticNumber_),
+      children_(other.children_) {
   if (children_ != nullptr) children_->AddRef();
 }
 
@@ -24,9 +19,21 @@ CParam::~CParam() { CParamChildList::Release(children_, this); }
 
 void CParam::SetValueNumber(std::int32_t value) { value_ = IntegerToText(value); }
 
-const CParamId& CParam::GetId() const {
+const CParamId& CParam::IdAsKept() const {
   if (container_ != nullptr && container_->IndexPending(*this)) container_->Normalize();
   return id_;
+}
+
+const CParamId& CParam::GetId() const {
+  if (automaticNumber_ != 0 && id_.key.empty()) {
+    id_.name = AutomaticName(automaticNumber_);
+    id_.key = AutomaticKey(automaticNumber_);
+  }
+  return IdAsKept();
+}
+
+WStringView CParam::KeyIn(AutomaticKeyBuffer& buffer) const {
+  return automaticNumber_ != 0 ? AutomaticKeyIn(automaticNumber_, buffer) : WStringView(id_.key);
 }
 
 std::size_t CParam::Count() const { return children_ != nullptr ? children_->Count() : 0; }
@@ -69,14 +76,14 @@ CParamChildList* CParam::TakeChildren() {
 
 // --- Creation -------------------------------------------------------------
 
+// No other automatic name can have the new number, but a sibling given a
+// name of that form can.
 void CParam::NameAutomatically(CParamChildList& siblings) {
-  WString key;
+  id_.name = WString();
+  id_.key = WString();
   do {
-    key = u"param" + IntegerToText(std::int64_t(++g_automaticNameCounter));
-  } while (siblings.FindKey(key) != nullptr);
-  id_.name = key;
-  id_.name[0] = u'P';
-  id_.key = std::move(key);
+    automaticNumber_ = NextAutomaticNumber();
+  } while (siblings.HasNamedChildWithAutomaticKey(automaticNumber_));
 }
 
 CParam* CParam::AppendNumbered() {
@@ -87,9 +94,16 @@ CParam* CParam::AppendNumbered() {
   return node.release();
 }
 
+CParam* CParam::AppendNamed(CParamId&& id) {
+  CParamChildList& list = OwnOrCreateChildren();
+  auto node = std::unique_ptr<CParam>(new CParam(std::move(id)));
+  list.Append(node.get());
+  return node.release();
+}
+
 CParam* CParam::AddChild(const CParamId& id) {
   CParamChildList& list = OwnOrCreateChildren();
-  auto node = std::unique_ptr<CParam>(new CParam(id));
+  auto node = std::unique_ptr<CParam>(new CParam(CParamId(id)));
   if (id.numbered) {
     const auto count = std::int64_t(list.Count());
     std::int64_t position = id.index < 0 ? id.index + count : id.index;
@@ -138,18 +152,21 @@ const CParam* CParam::GetChild(const CParamId& id) const {
 
 CParam* CParam::GetChild(const CParamId& id, bool create) {
   if (id.numbered) return GetByNumber(id.index, create);
-  if (FindKey(id.key) == nullptr) return create ? AddChild(id) : nullptr;
+  if (FindKey(id.key) == nullptr) return create ? AppendNamed(CParamId(id)) : nullptr;
   return OwnChildren()->FindKey(id.key);
 }
 
 const CParam* CParam::GetChildByName(WStringView name) const { return FindKey(ToLowerAscii(name)); }
 
+// The display name is made only for a child that is created.
 CParam* CParam::GetChildByName(WStringView name, bool create) {
   CParamId id;
   id.numbered = false;
-  id.name = WString(name);
   id.key = ToLowerAscii(name);
-  return GetChild(id, create);
+  if (FindKey(id.key) != nullptr) return OwnChildren()->FindKey(id.key);
+  if (!create) return nullptr;
+  id.name = WString(name);
+  return AppendNamed(std::move(id));
 }
 
 WString CParam::GetChildValue(WStringView name) const {
@@ -239,7 +256,7 @@ void CParam::SeparatePathTo(const CParam& descendant, const CParam& source) {
   }
   CParam* copy = this;
   for (auto step = path.rbegin(); step != path.rend(); ++step) {
-    copy = copy->OwnChildren()->At(std::size_t((*step)->GetId().index));
+    copy = copy->OwnChildren()->At(std::size_t((*step)->IdAsKept().index));
   }
 }
 

@@ -35,6 +35,11 @@
 //   listing asks for it. Removal leaves a gap that the next positional access
 //   closes, so removals by name cost O(1) each.
 //
+// - An automatic name ("Param17") is kept as its number; name and key are
+//   written out only when GetId asks for them, and lookups compare a key of
+//   that form with the number. A numbered child costs no text beyond its
+//   value.
+//
 // - Nothing recurses over the depth of a tree: the last share of a list
 //   destroys its subtree with an explicit stack, and copying is O(1).
 //
@@ -50,6 +55,7 @@
 #include <utility>
 #include <vector>
 
+#include "engine/param_automatic_name.h"
 #include "engine/param_id.h"
 #include "engine/param_order.h"
 #include "text/wide_string.h"
@@ -129,15 +135,25 @@ class CParam {
   friend class CParamChildList;
   friend class CParamKeyIndex;
 
-  explicit CParam(const CParamId& id) : id_(id) {}
+  explicit CParam(CParamId&& id) : id_(std::move(id)) {}
 
   // This node's list, made its own first (cloned if shared); null when the
   // node has never had children.
   CParamChildList* OwnChildren();
   CParamChildList& OwnOrCreateChildren();
+  // A new last child named by `id`, whose key no child has.
+  CParam* AppendNamed(CParamId&& id);
   void ReplaceChildren(CParamChildList* list);
   CParamChildList* TakeChildren();
   const CParam* FindKey(WStringView key) const;
+  // The id with its position up to date, without writing out an automatic name.
+  const CParamId& IdAsKept() const;
+  // In line: lookups in short lists call it for every child.
+  bool HasKey(const CKeyLookup& lookup) const {
+    return automaticNumber_ != 0 ? automaticNumber_ == lookup.automaticNumber : id_.key == lookup.key;
+  }
+  // The key, written into `buffer` when it is an automatic one.
+  WStringView KeyIn(AutomaticKeyBuffer& buffer) const;
   // The position a 0-based index names: negative ones count from the end.
   std::int64_t ResolveIndex(std::int32_t index) const;
   void NameAutomatically(CParamChildList& siblings);
@@ -148,7 +164,9 @@ class CParam {
   void SeparatePathTo(const CParam& descendant, const CParam& source);
 
   WString value_;
-  CParamId id_;
+  // Name and key stay empty for an automatic name until GetId writes them out.
+  mutable CParamId id_;
+  std::uint64_t automaticNumber_ = 0;  // of an automatic name; 0 for a name given
   CParamChildList* children_ = nullptr;   // shared; null without children
   CParamChildList* container_ = nullptr;  // the list holding this node; null for a root
 };

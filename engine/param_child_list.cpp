@@ -22,12 +22,22 @@ CParamKeyIndex& CParamChildList::Index() {
 // (the argument parameters of user-function calls) and every scan would
 // grow with the removals done so far.
 CParam* CParamChildList::FindKey(WStringView key) {
-  if (live_ > kLinearScanLimit) return Index().Find(key);
+  const CKeyLookup lookup(key);
+  if (live_ > kLinearScanLimit) return Index().Find(lookup);
   Normalize();
   for (CParam* node : slots_) {
-    if (node->id_.key == key) return node;
+    if (node->HasKey(lookup)) return node;
   }
   return nullptr;
+}
+
+// Names of that form are rare, so the lookup is seldom needed.
+bool CParamChildList::HasNamedChildWithAutomaticKey(std::uint64_t number) {
+  return namedWithAutomaticKeys_ != 0 && FindKey(AutomaticKey(number)) != nullptr;
+}
+
+bool CParamChildList::IsNamedWithAutomaticKey(const CParam& node) {
+  return node.automaticNumber_ == 0 && AutomaticNumberIn(node.id_.key) != 0;
 }
 
 CParam* CParamChildList::At(std::size_t position) {
@@ -39,10 +49,14 @@ void CParamChildList::Take(CParam* node, std::size_t slot) {
   node->container_ = this;
   node->id_.index = std::int32_t(slot);
   ++live_;
+  if (IsNamedWithAutomaticKey(*node)) ++namedWithAutomaticKeys_;
   if (index_) index_->Insert(node);
 }
 
+// Most lists stay short; room for a few children at first spares them the
+// growth steps of one, two and four.
 void CParamChildList::Append(CParam* node) {
+  if (slots_.empty()) slots_.reserve(kFirstCapacity);
   Take(node, slots_.size());
   slots_.push_back(node);
 }
@@ -58,6 +72,7 @@ void CParamChildList::Remove(CParam* node) {
   const std::size_t slot = std::size_t(node->id_.index);
   slots_[slot] = nullptr;
   --live_;
+  if (IsNamedWithAutomaticKey(*node)) --namedWithAutomaticKeys_;
   firstGap_ = std::min(firstGap_, slot);
   if (index_) index_->Erase(node);
   node->container_ = nullptr;

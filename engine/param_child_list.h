@@ -41,6 +41,9 @@ class CParamChildList {
 
   std::size_t Count() const { return live_; }
   CParam* FindKey(WStringView key);
+  // Whether a child that was given its name has the automatic key of
+  // `number`; no automatic name can have it, as the number is new.
+  bool HasNamedChildWithAutomaticKey(std::uint64_t number);
   // The child at a 0-based position below Count().
   CParam* At(std::size_t position);
   // Appends a new node at the end; the list takes ownership.
@@ -75,14 +78,17 @@ class CParamChildList {
 
  private:
   static constexpr std::size_t kClean = std::numeric_limits<std::size_t>::max();
+  static constexpr std::size_t kFirstCapacity = 4;
 
   void Take(CParam* node, std::size_t slot);
+  static bool IsNamedWithAutomaticKey(const CParam& node);
   void Renumber(std::size_t from);
   CParamKeyIndex& Index();
 
   std::vector<CParam*> slots_;  // owning; null for a removed child not yet compacted
   std::size_t live_ = 0;
   std::size_t firstGap_ = kClean;
+  std::size_t namedWithAutomaticKeys_ = 0;  // children given a name like "Param17"
   std::unique_ptr<CParamKeyIndex> index_;
   CParam* owner_ = nullptr;
   std::size_t refs_ = 1;

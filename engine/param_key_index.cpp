@@ -28,12 +28,17 @@ std::uint32_t CParamKeyIndex::Hash(WStringView key) {
   return std::uint32_t(hash ^ (hash >> 32));
 }
 
-CParam* CParamKeyIndex::Find(WStringView key) const {
-  const std::uint32_t hash = Hash(key);
+std::uint32_t CParamKeyIndex::HashOfKey(const CParam& node) {
+  AutomaticKeyBuffer buffer;
+  return Hash(node.KeyIn(buffer));
+}
+
+CParam* CParamKeyIndex::Find(const CKeyLookup& lookup) const {
+  const std::uint32_t hash = Hash(lookup.key);
   for (std::size_t slot = Home(hash);; slot = (slot + 1) & Mask()) {
     CParam* node = nodes_[slot];
     if (node == nullptr) return nullptr;
-    if (hashes_[slot] == hash && node->id_.key == key) return node;
+    if (hashes_[slot] == hash && node->HasKey(lookup)) return node;
   }
 }
 
@@ -56,14 +61,14 @@ void CParamKeyIndex::Grow() {
 
 void CParamKeyIndex::Insert(CParam* node) {
   if ((count_ + 1) * 2 > nodes_.size()) Grow();
-  Place(node, Hash(node->id_.key));
+  Place(node, HashOfKey(*node));
   ++count_;
 }
 
 // Backward-shift deletion: entries after the freed slot that would no longer
 // be reached from their home slot move back into it, so no tombstones build up.
 void CParamKeyIndex::Erase(const CParam* node) {
-  std::size_t hole = Home(Hash(node->id_.key));
+  std::size_t hole = Home(HashOfKey(*node));
   while (nodes_[hole] != node) {
     if (nodes_[hole] == nullptr) return;
     hole = (hole + 1) & Mask();

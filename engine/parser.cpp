@@ -4,6 +4,7 @@
 
 #include "engine/char_class.h"
 #include "engine/error_report.h"
+#include "engine/unescape.h"
 #include "text/text.h"
 
 namespace NScrivolt {
@@ -38,6 +39,23 @@ WString CParser::Parse(WString text, WStringView context) {
     Fail(MsgScriptContinuationWithoutOpen, ended.start);
   }
   return std::move(error_);
+}
+
+bool CParser::IsVerbatim() const {
+  const std::vector<CParsePartRef>& parts = root_->Children();
+  return parts.size() == 1 && parts[0]->Kind() == PartKind::Text && parts[0]->Value().size() == length_ &&
+         !HoldsEscapes(parts[0]->Value());
+}
+
+WString CParser::TakeText() {
+  root_.Reset();
+  WString text = source_.UseCount() == 1 ? source_->TakeText() : WString(source_->Text());
+  source_ = CRefCounter<CTemplateSource*>::Make();
+  root_ = CParsePartRef::Make(PartKind::Template, source_, 0, WStringView());
+  text_ = nullptr;
+  length_ = 0;
+  pos_ = 0;
+  return text;
 }
 
 // content = { text | script }

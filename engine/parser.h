@@ -33,6 +33,14 @@ class CParser {
   WString Parse(WString text, WStringView context);
 
   CParsePartRef GetRoot() const { return root_; }
+
+  // Whether the last template parsed is one text without script or escapes,
+  // and so its own output.
+  bool IsVerbatim() const;
+  // Hands out the text of the last parse and ends that parse: the root
+  // becomes an empty template. The text is moved out when no part of the
+  // old tree is held elsewhere, and copied otherwise.
+  WString TakeText();
   ParseLocation Locate(std::size_t position) const { return source_->Locate(position); }
 
  private:

@@ -62,6 +62,18 @@ class CStateKeeper {
   WString kept_[std::size(kRunParams)];
 };
 
+// A template that is one text without escapes is its own output: its text is
+// handed on instead of being copied, which spares a large text-only template
+// a second copy of itself. Like any evaluation it takes a nesting level.
+WString EvaluateParsed(CParser& parser, CProcessContext& context, WString& output) {
+  if (!parser.IsVerbatim()) return EvaluateParts(*parser.GetRoot(), context, output);
+  WString errorText = EnterNesting(context, *parser.GetRoot());
+  if (!errorText.empty()) return errorText;
+  LeaveNesting(context);
+  output = parser.TakeText();
+  return errorText;
+}
+
 // Parses and evaluates a template text with the file parameters set for the
 // run, in the folder of the template's file. A text from memory keeps the
 // current directory: the currentFile it inherits is relative to the folder
@@ -78,7 +90,7 @@ WString EvaluateTemplate(CProcessContext& context, const CFileRecord& record, WS
   SetTopLevelValue(context, kOutFileParam, record.outFile);
   CParser parser;
   WString errorText = parser.Parse(std::move(text), record.description);
-  if (errorText.empty()) errorText = EvaluateParts(*parser.GetRoot(), context, output);
+  if (errorText.empty()) errorText = EvaluateParsed(parser, context, output);
   return errorText;
 }
 

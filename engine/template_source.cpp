@@ -26,6 +26,13 @@ std::vector<std::size_t> FindLineStarts(WStringView text) {
 CTemplateSource::CTemplateSource(WString text, WString context)
     : text_(std::move(text)), context_(std::move(context)) {}
 
+WString CTemplateSource::TakeText() {
+  WString text;
+  text.swap(text_);
+  lineStarts_.clear();
+  return text;
+}
+
 ParseLocation CTemplateSource::Locate(std::size_t position) const {
   ParseLocation location{position, 0, 0, context_};
   if (position > text_.size()) return location;

@@ -28,6 +28,9 @@ class CTemplateSource {
   CTemplateSource& operator=(const CTemplateSource&) = delete;
 
   WStringView Text() const { return text_; }
+  // Moves the text out, leaving the source empty; only for a source no part
+  // views any more.
+  WString TakeText();
   const WString& Context() const { return context_; }
 
   // Line and column of `position`: the line is the one whose start is at or

@@ -7,9 +7,10 @@ namespace {
 constexpr WStringView kEscapedOpen = u"<#<#";
 constexpr WStringView kEscapedClose = u"#>#>";
 
-// Whether the text holds "<#<#" or "#>#>"; both hold a "#", so one scan for
-// that unit finds them.
-bool HasEscapes(WStringView text) {
+}  // namespace
+
+// Both escapes hold a "#", so one scan for that unit finds them.
+bool HoldsEscapes(WStringView text) {
   for (size_t hash = FindUnit(text, u'#'); hash != WStringView::npos; hash = FindUnit(text, u'#', hash + 1)) {
     if (text.substr(hash).rfind(kEscapedClose, 0) == 0) return true;
     if (hash > 0 && text.substr(hash - 1).rfind(kEscapedOpen, 0) == 0) return true;
@@ -17,10 +18,8 @@ bool HasEscapes(WStringView text) {
   return false;
 }
 
-}  // namespace
-
 void AppendUnescapedText(WString& output, WStringView text) {
-  if (!HasEscapes(text)) {
+  if (!HoldsEscapes(text)) {
     output.append(text);
     return;
   }

@@ -5,6 +5,9 @@
 
 namespace NScrivolt {
 
+// Whether the text holds "<#<#" or "#>#>", so that its output differs from it.
+bool HoldsEscapes(WStringView text);
+
 // Each "<#<#" becomes "<#", then, in that result, each "#>#>" becomes "#>";
 // both scan on behind each inserted text.
 WString UnescapeText(WStringView text);

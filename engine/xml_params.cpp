@@ -89,12 +89,16 @@ bool EncodeElement(const EncodeStep& step, std::vector<EncodeStep>& pending) {
 
 }  // namespace
 
+// The steps hold the only handles to the document's elements, so each
+// element is freed as soon as it is decoded, and the parameters made after
+// it can take its memory.
 WString DecodeXmlTree(WStringView text, CParam& target) {
   XmlParseResult result;
-  const XmlTreeNode root = ParseXmlText(text, u"", result);
+  XmlTreeNode root = ParseXmlText(text, u"", result);
   if (result.error != XmlParseError::None) return InvalidXmlError(result);
   std::vector<DecodeStep> pending;
   DecodeElement(root, target, pending);
+  root = XmlTreeNode();
   while (!pending.empty()) {
     const DecodeStep step = std::move(pending.back());
     pending.pop_back();

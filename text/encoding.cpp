@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/codepage.h"
+#include "text/utf8.h"
 
 namespace NScrivolt {
 
@@ -36,30 +37,44 @@ EncodingInfo WithMark(EncodingType type, bool found) {
 
 // Code units as byte pairs; the order of the two bytes is the only difference
 // between the two UTF-16 forms. The order is a template argument so that the
-// loops have fixed shifts and compile to block moves.
+// loops have fixed shifts. Both directions go through a local block that is
+// appended to the result, so the result is never filled with zeros first.
+constexpr size_t kBlockUnits = 4096;
+
 template <bool kBigEndian>
 void AppendUtf16(WStringView text, std::string& bytes) {
   constexpr int kFirst = kBigEndian ? 8 : 0;
   constexpr int kSecond = kBigEndian ? 0 : 8;
-  const size_t start = bytes.size();
-  bytes.resize(start + 2 * text.size());
-  auto* out = reinterpret_cast<unsigned char*>(&bytes[0] + start);
-  for (size_t i = 0; i < text.size(); ++i) {
-    out[2 * i] = static_cast<unsigned char>(text[i] >> kFirst);
-    out[2 * i + 1] = static_cast<unsigned char>(text[i] >> kSecond);
+  bytes.reserve(bytes.size() + 2 * text.size());
+  char block[2 * kBlockUnits];
+  for (size_t done = 0; done < text.size();) {
+    const size_t count = std::min(kBlockUnits, text.size() - done);
+    for (size_t i = 0; i < count; ++i) {
+      block[2 * i] = static_cast<char>(text[done + i] >> kFirst);
+      block[2 * i + 1] = static_cast<char>(text[done + i] >> kSecond);
+    }
+    bytes.append(block, 2 * count);
+    done += count;
   }
 }
 
+// An odd last byte is no unit and is left out.
 template <bool kBigEndian>
-WString Utf16ToWide(std::string_view bytes) {
+void AppendUtf16AsWide(std::string_view bytes, WString& text) {
   constexpr int kFirst = kBigEndian ? 8 : 0;
   constexpr int kSecond = kBigEndian ? 0 : 8;
-  WString text(bytes.size() / 2, WChar(0));
+  const size_t units = bytes.size() / 2;
+  text.reserve(text.size() + units);
   const auto* in = reinterpret_cast<const unsigned char*>(bytes.data());
-  for (size_t i = 0; i < text.size(); ++i) {
-    text[i] = WChar((in[2 * i] << kFirst) | (in[2 * i + 1] << kSecond));
+  WChar block[kBlockUnits];
+  for (size_t done = 0; done < units;) {
+    const size_t count = std::min(kBlockUnits, units - done);
+    for (size_t i = 0; i < count; ++i) {
+      block[i] = WChar((in[2 * (done + i)] << kFirst) | (in[2 * (done + i) + 1] << kSecond));
+    }
+    text.append(block, count);
+    done += count;
   }
-  return text;
 }
 
 }  // namespace
@@ -112,21 +127,7 @@ EncodeResult EncodeText(WStringView text, EncodingType type, bool bom) {
     return result;
   }
   if (bom) result.bytes = ByteOrderMark(type);
-  if (text.empty()) return result;
-  switch (type) {
-    case EncodingType::Ascii:
-      result.ok = Platform::EncodeAnsi(text, result.bytes, result.usedDefaultChar);
-      break;
-    case EncodingType::Utf8:
-      result.ok = Platform::EncodeUtf8(text, result.bytes);
-      break;
-    case EncodingType::Utf16:
-      AppendUtf16<false>(text, result.bytes);
-      break;
-    case EncodingType::Utf16Be:
-      AppendUtf16<true>(text, result.bytes);
-      break;
-  }
+  result.ok = AppendEncoded(text, type, result.bytes, result.usedDefaultChar);
   if (!result.ok) std::string().swap(result.bytes);
   return result;
 }
@@ -137,32 +138,61 @@ EncodeResult EncodeText(WStringView text, const EncodingInfo& encoding) {
 
 DecodeResult DecodeBytes(std::string_view bytes, EncodingType type, std::uint32_t bomLength) {
   DecodeResult result;
-  if (!IsKnownType(type)) {
-    result.ok = false;
-    return result;
-  }
   bytes.remove_prefix(std::min<size_t>(bomLength, bytes.size()));
-  if (bytes.empty()) return result;
-  switch (type) {
-    case EncodingType::Ascii:
-      result.ok = Platform::DecodeAnsi(bytes, result.text);
-      break;
-    case EncodingType::Utf8:
-      result.ok = Platform::DecodeUtf8(bytes, result.text);
-      break;
-    case EncodingType::Utf16:
-      result.text = Utf16ToWide<false>(bytes);
-      break;
-    case EncodingType::Utf16Be:
-      result.text = Utf16ToWide<true>(bytes);
-      break;
-  }
-  if (!result.ok) WString().swap(result.text);
+  result.ok = AppendDecoded(bytes, type, result.text);
   return result;
 }
 
 DecodeResult DecodeBytes(std::string_view bytes, const EncodingInfo& encoding) {
   return DecodeBytes(bytes, encoding.type, encoding.bomLength);
+}
+
+bool AppendEncoded(WStringView text, EncodingType type, std::string& bytes, bool& usedDefaultChar) {
+  usedDefaultChar = false;
+  if (text.empty()) return IsKnownType(type);
+  switch (type) {
+    case EncodingType::Ascii:
+      return Platform::EncodeAnsi(text, bytes, usedDefaultChar);
+    case EncodingType::Utf8:
+      return Platform::EncodeUtf8(text, bytes);
+    case EncodingType::Utf16:
+      AppendUtf16<false>(text, bytes);
+      return true;
+    case EncodingType::Utf16Be:
+      AppendUtf16<true>(text, bytes);
+      return true;
+  }
+  return false;
+}
+
+bool AppendDecoded(std::string_view bytes, EncodingType type, WString& text) {
+  if (bytes.empty()) return IsKnownType(type);
+  switch (type) {
+    case EncodingType::Ascii:
+      return Platform::DecodeAnsi(bytes, text);
+    case EncodingType::Utf8:
+      return Platform::DecodeUtf8(bytes, text);
+    case EncodingType::Utf16:
+      AppendUtf16AsWide<false>(bytes, text);
+      return true;
+    case EncodingType::Utf16Be:
+      AppendUtf16AsWide<true>(bytes, text);
+      return true;
+  }
+  return false;
+}
+
+std::size_t DecodablePrefix(std::string_view bytes, EncodingType type) {
+  switch (type) {
+    case EncodingType::Ascii:
+      return Platform::AnsiCompletePrefix(bytes);
+    case EncodingType::Utf8:
+      return Utf8CompletePrefix(bytes);
+    case EncodingType::Utf16:
+    case EncodingType::Utf16Be:
+      return bytes.size() & ~std::size_t(1);
+  }
+  return bytes.size();
 }
 
 }  // namespace NScrivolt

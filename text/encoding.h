@@ -3,6 +3,7 @@
 // through unchanged; only the mark and the code-page rules touch the bytes.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -72,5 +73,18 @@ EncodeResult EncodeText(WStringView text, const EncodingInfo& encoding);
 // byte sequence invalid in the code page fails (ok false, text empty).
 DecodeResult DecodeBytes(std::string_view bytes, EncodingType type, std::uint32_t bomLength);
 DecodeResult DecodeBytes(std::string_view bytes, const EncodingInfo& encoding);
+
+// The conversions of EncodeText and DecodeBytes without any mark, appending
+// to what `bytes` or `text` holds, for texts converted piece by piece. False
+// when the conversion fails; a failed decoding leaves `text` as it was.
+bool AppendEncoded(WStringView text, EncodingType type, std::string& bytes, bool& usedDefaultChar);
+bool AppendDecoded(std::string_view bytes, EncodingType type, WString& text);
+
+// The length of the longest start of `bytes` that AppendDecoded converts to
+// what the same bytes give within any longer data: it ends before a
+// character whose bytes may go on past the end. Bytes decoded piece by piece,
+// each piece cut there and the rest carried into the next, give the text
+// that decoding them whole gives.
+std::size_t DecodablePrefix(std::string_view bytes, EncodingType type);
 
 }  // namespace NScrivolt

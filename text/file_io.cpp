@@ -1,5 +1,9 @@
 #include "text/file_io.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <memory>
 #include <string>
 
 #include "platform/files.h"
@@ -29,14 +33,93 @@ void AddFileError(WString& errorText, MessageId id, const WString& path, WString
   AddErrorDetail(errorText, message.str());
 }
 
-// The bytes are decoded and released before the text is handed out, so the
-// file's bytes and its text are held together only while decoding.
-bool DecodeFile(std::string& bytes, WString& text, EncodingInfo& encoding, bool isExplicit) {
-  encoding = isExplicit ? CheckBom(bytes, encoding.type) : DetectEncoding(bytes, encoding.type);
-  DecodeResult decoded = DecodeBytes(bytes, encoding);
-  std::string().swap(bytes);
-  text = std::move(decoded.text);
-  return decoded.ok;
+// Reads on into buffer[filled, capacity) until it is full or the file ends.
+bool Fill(Platform::CFileReader& reader, char* buffer, std::size_t capacity, std::size_t& filled, bool& atEnd) {
+  while (filled < capacity) {
+    std::size_t count = 0;
+    if (!reader.Read(buffer + filled, capacity - filled, count)) return false;
+    if (count == 0) {
+      atEnd = true;
+      return true;
+    }
+    filled += count;
+  }
+  return true;
+}
+
+// The most units a file of `size` bytes can decode to.
+std::size_t MostUnits(std::uint64_t size, EncodingType type) {
+  const bool twoBytesAUnit = type == EncodingType::Utf16 || type == EncodingType::Utf16Be;
+  return std::size_t(twoBytesAUnit ? size / 2 : size);
+}
+
+// The mark is looked for in the first piece, which is a full buffer unless
+// the file is shorter. Each piece is decoded up to its last whole character
+// and the bytes after that are carried into the next piece. The text is
+// reserved once for the most units the file can hold; when mostly multi-byte
+// characters leave more than half of that unused, it is given back.
+bool ReadAndDecode(const WString& path, WString& text, EncodingInfo& encoding, bool isExplicit) {
+  Platform::CFileReader reader;
+  if (!reader.Open(path)) return false;
+  const std::unique_ptr<char[]> buffer(new char[kReadPieceBytes]);
+  std::size_t filled = 0;
+  bool atEnd = false;
+  if (!Fill(reader, buffer.get(), kReadPieceBytes, filled, atEnd)) return false;
+  const std::string_view first(buffer.get(), filled);
+  encoding = isExplicit ? CheckBom(first, encoding.type) : DetectEncoding(first, encoding.type);
+  text.reserve(MostUnits(reader.SizeHint(), encoding.type));
+  std::size_t start = std::min<std::size_t>(encoding.bomLength, filled);
+  for (;;) {
+    const std::string_view bytes(buffer.get() + start, filled - start);
+    const std::size_t whole = atEnd ? bytes.size() : DecodablePrefix(bytes, encoding.type);
+    if (!AppendDecoded(bytes.substr(0, whole), encoding.type, text)) return false;
+    if (atEnd) break;
+    filled = bytes.size() - whole;
+    std::memmove(buffer.get(), bytes.data() + whole, filled);
+    start = 0;
+    if (!Fill(reader, buffer.get(), kReadPieceBytes, filled, atEnd)) return false;
+  }
+  if (text.size() < text.capacity() / 2) text.shrink_to_fit();
+  return true;
+}
+
+// The piece of the text from `done` on, moving `done` past it; a surrogate
+// pair is never cut in two.
+WStringView NextPiece(WStringView text, std::size_t& done) {
+  std::size_t end = std::min(text.size(), done + kWritePieceUnits);
+  if (end < text.size() && text[end - 1] >= 0xD800 && text[end - 1] <= 0xDBFF) ++end;
+  const WStringView piece = text.substr(done, end - done);
+  done = end;
+  return piece;
+}
+
+struct WriteOutcome {
+  bool converted = true;  // false: the conversion failed
+  bool usedDefaultChar = false;
+  bool written = false;  // the target now holds the encoded text
+};
+
+// Encodes and writes piece by piece. Once a character turns out to be
+// unrepresentable nothing more is written, but the conversion goes on to the
+// end, so that a failure later in the text still shows. The target is
+// replaced only when the whole text was converted and written.
+WriteOutcome EncodeAndWrite(const WString& path, WStringView text, EncodingType type, bool bom) {
+  WriteOutcome outcome;
+  Platform::CFileReplacement file;
+  bool writing = file.Open(path);
+  std::string bytes(bom ? ByteOrderMark(type) : std::string_view());
+  for (std::size_t done = 0;;) {
+    const WStringView piece = NextPiece(text, done);
+    bool usedDefaultChar = false;
+    outcome.converted = AppendEncoded(piece, type, bytes, usedDefaultChar);
+    if (!outcome.converted) return outcome;
+    outcome.usedDefaultChar = outcome.usedDefaultChar || usedDefaultChar;
+    writing = writing && !outcome.usedDefaultChar && file.Write(bytes);
+    bytes.clear();
+    if (done == text.size()) break;
+  }
+  outcome.written = writing && file.Commit();
+  return outcome;
 }
 
 }  // namespace
@@ -51,30 +134,30 @@ bool ReadTextFile(const WString& path, WString& text, bool skipIfMissing, Encodi
                   bool isExplicit, WString& errorText) {
   text.clear();
   bool success = skipIfMissing;
-  if (Platform::FileExists(path)) {
-    std::string bytes;
-    success = Platform::ReadWholeFile(path, bytes) && DecodeFile(bytes, text, encoding, isExplicit);
+  if (Platform::FileExists(path)) success = ReadAndDecode(path, text, encoding, isExplicit);
+  if (!success) {
+    WString().swap(text);
+    AddFileError(errorText, MsgCannotReadFile, path);
   }
-  if (!success) AddFileError(errorText, MsgCannotReadFile, path);
   return success;
 }
 
 bool WriteTextFile(const WString& path, WStringView text, const EncodingInfo& encoding, bool isExplicit,
                    WString& errorText) {
   const WStringView encodingName = EncodingDisplayName(encoding.type);
-  EncodeResult encoded = EncodeText(text, encoding);
-  if (encoded.ok && encoded.usedDefaultChar) {
+  WriteOutcome outcome = EncodeAndWrite(path, text, encoding.type, encoding.bom);
+  if (outcome.converted && outcome.usedDefaultChar) {
     if (isExplicit) {
       AddFileError(errorText, MsgNotRepresentable, path, encodingName);
       return false;
     }
-    encoded = EncodeText(text, EncodingType::Utf8, true);
+    outcome = EncodeAndWrite(path, text, EncodingType::Utf8, true);
   }
-  if (!encoded.ok) {
+  if (!outcome.converted) {
     AddFileError(errorText, MsgConversionError, path, encodingName);
     return false;
   }
-  if (!Platform::WriteWholeFile(path, encoded.bytes)) {
+  if (!outcome.written) {
     AddFileError(errorText, MsgCannotWriteFile, path);
     return false;
   }

@@ -3,10 +3,18 @@
 // succeeded.
 #pragma once
 
+#include <cstddef>
+
 #include "text/encoding.h"
 #include "text/wide_string.h"
 
 namespace NScrivolt {
+
+// Files are read in pieces of this many bytes, and texts are encoded and
+// written in pieces of this many units, so neither a file's bytes nor an
+// encoded text is ever held whole.
+constexpr std::size_t kReadPieceBytes = std::size_t(256) << 10;
+constexpr std::size_t kWritePieceUnits = std::size_t(64) << 10;
 
 // A path that starts with exactly one "\" ("\templates\a.txt", not a UNC
 // path) lies below basePath, whose trailing separators are dropped; with an

@@ -1,6 +1,7 @@
 // UTF-8 <-> UTF-16 conversion done in code, without the operating system.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -14,14 +15,22 @@ constexpr WChar kReplacementChar = 0xFFFD;
 // overlong form, surrogate code point, value above U+10FFFF) becomes U+FFFD.
 WString Utf8ToWide(std::string_view bytes);
 
-// Strict: false, with `text` emptied, as soon as any sequence is malformed.
-bool Utf8ToWideStrict(std::string_view bytes, WString& text);
+// Appends the conversion of `bytes` to `text`, leniently as above or
+// strictly: false, with `text` as it was, as soon as a sequence is malformed.
+bool AppendUtf8AsWide(std::string_view bytes, WString& text, bool strict);
+
+// The length of the longest start of `bytes` that converts on its own to
+// what it converts to within any longer text: it ends before a sequence that
+// could go on past the end of `bytes`. Converting a text piece by piece, each
+// piece cut there and the rest carried over, gives the same as converting it
+// whole.
+std::size_t Utf8CompletePrefix(std::string_view bytes);
 
 // A lone surrogate is written as U+FFFD; `replaced`, when given, tells whether
 // that happened.
 std::string WideToUtf8(WStringView text, bool* replaced = nullptr);
 
-// WideToUtf8 appending to `bytes`, which grows once by the exact length.
+// WideToUtf8 appending to `bytes`.
 void AppendUtf8(WStringView text, std::string& bytes, bool* replaced = nullptr);
 
 }  // namespace NScrivolt

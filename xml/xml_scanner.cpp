@@ -51,8 +51,13 @@ WStringView TrimXmlSpace(WStringView text) {
   return text.substr(first, last - first);
 }
 
+// Most looks fail at the first unit, so the units are compared in line.
 bool XmlScanner::LooksAt(WStringView what) const {
-  return text_.compare(position_, what.size(), what) == 0;
+  if (position_ > text_.size() || text_.size() - position_ < what.size()) return false;
+  for (std::size_t i = 0; i < what.size(); ++i) {
+    if (text_[position_ + i] != what[i]) return false;
+  }
+  return true;
 }
 
 WStringView XmlScanner::ReadTextRun() {

@@ -8,7 +8,13 @@ namespace NScrivolt::Platform {
 
 bool DecodeAnsi(std::string_view bytes, WString& text) {
   if (LocaleCharacterSet() == AnsiCharacterSet::Windows1252) return DecodeWindows1252(bytes, text);
-  return Utf8ToWideStrict(bytes, text);
+  return AppendUtf8AsWide(bytes, text, true);
+}
+
+// Windows-1252 has one byte per character.
+std::size_t AnsiCompletePrefix(std::string_view bytes) {
+  if (LocaleCharacterSet() == AnsiCharacterSet::Windows1252) return bytes.size();
+  return Utf8CompletePrefix(bytes);
 }
 
 // In a UTF-8 locale every character is representable except a lone
@@ -22,10 +28,7 @@ bool EncodeAnsi(WStringView text, std::string& bytes, bool& usedDefaultChar) {
   return true;
 }
 
-bool DecodeUtf8(std::string_view bytes, WString& text) {
-  text = Utf8ToWide(bytes);
-  return true;
-}
+bool DecodeUtf8(std::string_view bytes, WString& text) { return AppendUtf8AsWide(bytes, text, false); }
 
 bool EncodeUtf8(WStringView text, std::string& bytes) {
   AppendUtf8(text, bytes);

@@ -4,12 +4,13 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "text/utf8.h"
 
@@ -17,37 +18,12 @@ namespace NScrivolt::Platform {
 
 namespace {
 
-constexpr size_t kLargestWrite = size_t(1) << 30;
-constexpr size_t kProbeSize = 64 * 1024;
+constexpr size_t kLargestTransfer = size_t(1) << 30;
 constexpr char kTemporaryName[] = ".scrivolt-XXXXXX";
-
-// Fills `bytes` (sized from the file's size) and then reads on to the end, so
-// a file that grew, or one whose size the system does not know, is read whole.
-bool ReadToEnd(int fd, std::string& bytes) {
-  size_t filled = 0;
-  while (filled < bytes.size()) {
-    const ssize_t count = read(fd, &bytes[filled], bytes.size() - filled);
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return false;
-    if (count == 0) {
-      bytes.resize(filled);
-      return true;
-    }
-    filled += size_t(count);
-  }
-  char probe[kProbeSize];
-  for (;;) {
-    const ssize_t count = read(fd, probe, sizeof probe);
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return false;
-    if (count == 0) return true;
-    bytes.append(probe, size_t(count));
-  }
-}
 
 bool WriteAll(int fd, std::string_view bytes) {
   while (!bytes.empty()) {
-    const ssize_t count = write(fd, bytes.data(), std::min(bytes.size(), kLargestWrite));
+    const ssize_t count = write(fd, bytes.data(), std::min(bytes.size(), kLargestTransfer));
     if (count < 0 && errno == EINTR) continue;
     if (count <= 0) return false;
     bytes.remove_prefix(size_t(count));
@@ -77,40 +53,104 @@ mode_t ModeFor(const struct stat* existing) {
   return 0666 & ~mask;
 }
 
-bool WriteTemporaryAndRename(const std::string& target, const struct stat* existing, std::string_view bytes) {
-  std::string temporary = FolderWithSeparator(target) + kTemporaryName;
-  const int fd = mkstemp(&temporary[0]);
-  if (fd < 0) return false;
-  bool ok = fchmod(fd, ModeFor(existing)) == 0 && WriteAll(fd, bytes);
-  ok = close(fd) == 0 && ok;
-  ok = ok && rename(temporary.c_str(), target.c_str()) == 0;
-  if (!ok) unlink(temporary.c_str());
-  return ok;
-}
-
 }  // namespace
 
 bool FileExists(const WString& path) { return access(WideToUtf8(path).c_str(), F_OK) == 0; }
 
-bool ReadWholeFile(const WString& path, std::string& bytes) {
-  bytes.clear();
+// --- CFileReader ----------------------------------------------------------------
+
+struct CFileReader::CState {
+  CState(const CState&) = delete;
+  CState& operator=(const CState&) = delete;
+  explicit CState(int descriptor) : fd(descriptor) {}
+  ~CState() { close(fd); }
+
+  int fd;
+  std::uint64_t size = 0;
+};
+
+CFileReader::CFileReader() = default;
+
+CFileReader::~CFileReader() = default;
+
+// Only a regular file has a size worth hinting; pipes and the files of /proc
+// report 0 or nothing useful.
+bool CFileReader::Open(const WString& path) {
+  state_.reset();
   const int fd = open(WideToUtf8(path).c_str(), O_RDONLY | O_CLOEXEC);
   if (fd < 0) return false;
+  auto state = std::make_unique<CState>(fd);
   struct stat info;
-  bool ok = fstat(fd, &info) == 0 && !S_ISDIR(info.st_mode);
-  if (ok && S_ISREG(info.st_mode)) bytes.resize(size_t(info.st_size));
-  ok = ok && ReadToEnd(fd, bytes);
-  close(fd);
-  if (!ok) std::string().swap(bytes);
-  return ok;
+  if (fstat(fd, &info) != 0 || S_ISDIR(info.st_mode)) return false;
+  if (S_ISREG(info.st_mode)) state->size = std::uint64_t(info.st_size);
+  state_ = std::move(state);
+  return true;
 }
 
-bool WriteWholeFile(const WString& path, std::string_view bytes) {
-  const std::string target = WriteTarget(WideToUtf8(path));
+std::uint64_t CFileReader::SizeHint() const { return state_ ? state_->size : 0; }
+
+bool CFileReader::Read(char* buffer, std::size_t capacity, std::size_t& count) {
+  count = 0;
+  if (!state_) return false;
+  for (;;) {
+    const ssize_t read = ::read(state_->fd, buffer, std::min(capacity, kLargestTransfer));
+    if (read < 0 && errno == EINTR) continue;
+    if (read < 0) return false;
+    count = size_t(read);
+    return true;
+  }
+}
+
+// --- CFileReplacement -------------------------------------------------------------
+
+struct CFileReplacement::CState {
+  CState() = default;
+  CState(const CState&) = delete;
+  CState& operator=(const CState&) = delete;
+  ~CState() {
+    if (fd >= 0) close(fd);
+    if (!temporary.empty()) unlink(temporary.c_str());
+  }
+
+  int fd = -1;
+  std::string target;
+  std::string temporary;  // empty once renamed, or when none was made
+  bool failed = false;    // a write failed
+};
+
+CFileReplacement::CFileReplacement() = default;
+
+CFileReplacement::~CFileReplacement() = default;
+
+bool CFileReplacement::Open(const WString& path) {
+  state_.reset();
+  auto state = std::make_unique<CState>();
+  state->target = WriteTarget(WideToUtf8(path));
   struct stat info;
-  const bool exists = stat(target.c_str(), &info) == 0;
-  if (exists && (S_ISDIR(info.st_mode) || access(target.c_str(), W_OK) != 0)) return false;
-  return WriteTemporaryAndRename(target, exists ? &info : nullptr, bytes);
+  const bool exists = stat(state->target.c_str(), &info) == 0;
+  if (exists && (S_ISDIR(info.st_mode) || access(state->target.c_str(), W_OK) != 0)) return false;
+  std::string temporary = FolderWithSeparator(state->target) + kTemporaryName;
+  state->fd = mkstemp(&temporary[0]);
+  if (state->fd < 0) return false;
+  state->temporary = std::move(temporary);
+  if (fchmod(state->fd, ModeFor(exists ? &info : nullptr)) != 0) return false;
+  state_ = std::move(state);
+  return true;
+}
+
+bool CFileReplacement::Write(std::string_view bytes) {
+  if (!state_ || state_->failed) return false;
+  state_->failed = !WriteAll(state_->fd, bytes);
+  return !state_->failed;
+}
+
+bool CFileReplacement::Commit() {
+  if (!state_) return false;
+  std::unique_ptr<CState> state = std::move(state_);
+  const bool closed = close(std::exchange(state->fd, -1)) == 0;
+  if (!closed || state->failed || rename(state->temporary.c_str(), state->target.c_str()) != 0) return false;
+  state->temporary.clear();
+  return true;
 }
 
 }  // namespace NScrivolt::Platform

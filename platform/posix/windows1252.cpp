@@ -63,14 +63,15 @@ char ByteFor(WChar unit, bool& usedDefaultChar) {
 }  // namespace
 
 bool DecodeWindows1252(std::string_view bytes, WString& text) {
-  text.assign(bytes.size(), WChar(0));
-  WChar* out = &text[0];
+  const size_t start = text.size();
+  text.resize(start + bytes.size());
+  WChar* out = &text[start];
   for (const char c : bytes) {
     const auto byte = static_cast<unsigned char>(c);
     if (byte < 0x80 || byte >= 0xA0) {
       *out++ = byte;
     } else if (IsUndefinedByte(byte)) {
-      text.clear();
+      text.resize(start);
       return false;
     } else {
       *out++ = kHighControls[byte - 0x80];

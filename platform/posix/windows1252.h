@@ -9,8 +9,9 @@
 
 namespace NScrivolt::Platform {
 
-// Strict: the five bytes the code page leaves undefined (0x81, 0x8D, 0x8F,
-// 0x90, 0x9D) make it fail, with `text` emptied.
+// Appends the text of `bytes`. Strict: the five bytes the code page leaves
+// undefined (0x81, 0x8D, 0x8F, 0x90, 0x9D) make it fail, with `text` as it
+// was.
 bool DecodeWindows1252(std::string_view bytes, WString& text);
 
 // Appends one byte per code unit. Accented Latin letters outside the code

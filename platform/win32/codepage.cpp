@@ -17,24 +17,35 @@ UINT ThreadCodePage() {
 }
 
 // No code page the system offers as ANSI or UTF-8 turns one byte into more
-// than one unit, so the text is sized once by the byte count; should that
-// ever be short, the system is asked for the size.
+// than one unit, so the text grows once by the byte count; should that ever
+// be short, the system is asked for the size.
 bool DecodeWith(UINT codePage, DWORD flags, std::string_view bytes, WString& text) {
-  text.clear();
   if (bytes.size() > size_t(INT_MAX)) return false;
+  const size_t start = text.size();
   const int byteCount = int(bytes.size());
-  text.assign(bytes.size(), u'\0');
-  int length =
-      MultiByteToWideChar(codePage, flags, bytes.data(), byteCount, AsWin(&text[0]), int(text.size()));
+  text.resize(start + bytes.size());
+  int length = MultiByteToWideChar(codePage, flags, bytes.data(), byteCount, AsWin(&text[start]), byteCount);
   if (length == 0 && GetLastError() == ERROR_INSUFFICIENT_BUFFER) {
     length = MultiByteToWideChar(codePage, flags, bytes.data(), byteCount, nullptr, 0);
     if (length > 0) {
-      text.assign(size_t(length), u'\0');
-      length = MultiByteToWideChar(codePage, flags, bytes.data(), byteCount, AsWin(&text[0]), length);
+      text.resize(start + size_t(length));
+      length = MultiByteToWideChar(codePage, flags, bytes.data(), byteCount, AsWin(&text[start]), length);
     }
   }
-  text.resize(length > 0 ? size_t(length) : 0);
+  text.resize(start + (length > 0 ? size_t(length) : 0));
   return length > 0;
+}
+
+// A double-byte code page has to be walked from a character boundary: a lead
+// byte takes the byte after it, whatever that byte is.
+std::size_t DoubleByteCompletePrefix(UINT codePage, std::string_view bytes) {
+  std::size_t at = 0;
+  while (at < bytes.size()) {
+    const std::size_t length = IsDBCSLeadByteEx(codePage, BYTE(bytes[at])) ? 2 : 1;
+    if (at + length > bytes.size()) break;
+    at += length;
+  }
+  return at;
 }
 
 // The system measures the bytes first, so the buffer is exactly the size needed.
@@ -56,6 +67,14 @@ bool EncodeWith(UINT codePage, WStringView text, std::string& bytes, BOOL* usedD
 
 bool DecodeAnsi(std::string_view bytes, WString& text) {
   return DecodeWith(CP_THREAD_ACP, MB_ERR_INVALID_CHARS, bytes, text);
+}
+
+std::size_t AnsiCompletePrefix(std::string_view bytes) {
+  const UINT codePage = ThreadCodePage();
+  if (codePage == CP_UTF8) return Utf8CompletePrefix(bytes);
+  CPINFO info;
+  if (GetCPInfo(codePage, &info) && info.MaxCharSize == 1) return bytes.size();
+  return DoubleByteCompletePrefix(codePage, bytes);
 }
 
 // A lone surrogate is the only thing UTF-8 cannot hold; it counts as not

@@ -173,9 +173,10 @@ TEST(Utf8Conversion, NonAsciiAtEveryPositionOfABlock) {
     EXPECT_EQ(Hex(EncodeText(text, Type::Utf8, false).bytes), Hex(bytes)) << at;
     EXPECT_EQ(DecodeBytes(bytes, Type::Utf8, 0).text, text) << at;
     WString strict;
-    EXPECT_TRUE(Utf8ToWideStrict(bytes, strict));
+    EXPECT_TRUE(AppendUtf8AsWide(bytes, strict, true));
     EXPECT_EQ(strict, text) << at;
-    EXPECT_FALSE(Utf8ToWideStrict(before + "\xC3" + after, strict)) << at;
+    EXPECT_FALSE(AppendUtf8AsWide(before + "\xC3" + after, strict, true)) << at;
+    EXPECT_EQ(strict, text) << at;
   }
 }
 
@@ -191,7 +192,7 @@ TEST(Utf8Conversion, EachMalformedSequenceBecomesOneReplacement) {
   for (const auto& [bytes, text] : cases) {
     EXPECT_EQ(Utf8ToWide(bytes), text) << Hex(bytes);
     WString strict;
-    EXPECT_EQ(Utf8ToWideStrict(bytes, strict), text.find(kReplacementChar) == WStringView::npos) << Hex(bytes);
+    EXPECT_EQ(AppendUtf8AsWide(bytes, strict, true), text.find(kReplacementChar) == WStringView::npos) << Hex(bytes);
   }
 }
 

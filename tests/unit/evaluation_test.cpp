@@ -8,6 +8,8 @@ namespace {
 // Templates evaluated against an empty parameter tree.
 const TemplateCase kCases[] = {
     {"text only", u"plain text\r\nline 2", "plain text\r\nline 2", ""},
+    {"text only with lone markers", u"a #> b ) ; {c}", "a #> b ) ; {c}", ""},
+    {"empty template", u"", "", ""},
     {"set and use", u"<# set param: \"Name\" to: \"World\" #>Hello <# use param: \"Name\" #>!", "Hello World!", ""},
     {"names ignore case", u"<# SET Param: \"x\" TO: \"1\" #><# Use PARAM: \"X\" #>", "1", ""},
     {"reference argument names the parameter by value",

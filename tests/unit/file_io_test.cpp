@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 #include "text/file_io.h"
 #include "text/utf8.h"
 #include "unit/ansi_samples.h"
@@ -141,6 +144,79 @@ TEST_F(FileIo, FolderInPlaceOfTheOutputStaysAsItWas) {
   EXPECT_EQ(errorText_, CannotWrite(path));
   EXPECT_EQ(folder_.Names(), std::set<std::string>{"target"});
   EXPECT_EQ(folder_.Get("target/kept.txt"), "kept");
+}
+
+// Files are read in pieces of kReadPieceBytes: a character cut by the end of
+// a piece, behind a mark or not, comes out whole.
+TEST_F(FileIo, CharactersCutByTheEndOfAReadPieceComeOutWhole) {
+  const std::string_view characters = "\xF0\x9F\x98\x80\xE2\x82\xAC\xC3\xA9z";
+  std::vector<std::string> samples;
+  for (size_t before = 0; before <= 3; ++before) {
+    const std::string lead(kReadPieceBytes - before, 'a');
+    samples.push_back(lead + std::string(characters));
+    samples.push_back("\xEF\xBB\xBF" + lead + std::string(characters));
+  }
+  samples.push_back("\xFF\xFE" + EncodeText(WString(kReadPieceBytes, u'\u20AC'), Type::Utf16, false).bytes + "x");
+  samples.push_back("\xFE\xFF" + EncodeText(WString(kReadPieceBytes + 1, u'\u20AC'), Type::Utf16Be, false).bytes);
+  const WString path = folder_.Path("in.txt");
+  for (const std::string& bytes : samples) {
+    folder_.Put("in.txt", bytes);
+    WString text;
+    EncodingInfo encoding;
+    EXPECT_TRUE(ReadTextFile(path, text, false, encoding, false, errorText_));
+    const DecodeResult whole = DecodeBytes(bytes, DetectEncoding(bytes, Type::Ascii));
+    EXPECT_EQ(text.size(), whole.text.size()) << Hex(bytes.substr(bytes.size() - 12));
+    EXPECT_TRUE(text == whole.text) << Hex(bytes.substr(bytes.size() - 12));
+  }
+  EXPECT_EQ(errorText_, u"");
+}
+
+TEST_F(FileIo, BytesInvalidInALaterPieceFailTheWholeRead) {
+  std::string invalid;
+  if (!Testing::FindBytesInvalidInAnsi(invalid)) {
+    GTEST_SKIP() << "the ANSI code page of this run accepts every byte";
+  }
+  folder_.Put("in.txt", std::string(2 * kReadPieceBytes + 5, 'a') + invalid);
+  const WString path = folder_.Path("in.txt");
+  WString text;
+  EncodingInfo encoding;
+  EXPECT_FALSE(ReadTextFile(path, text, false, encoding, true, errorText_));
+  EXPECT_EQ(errorText_, CannotRead(path));
+  EXPECT_EQ(text, u"");
+}
+
+// Texts are encoded and written in pieces of kWritePieceUnits units; a
+// surrogate pair across the end of a piece stays one character.
+TEST_F(FileIo, APairAcrossTheEndOfAWritePieceStaysOneCharacter) {
+  const WString text = WString(kWritePieceUnits - 1, u'a') + u"\U0001F600z" + WString(kWritePieceUnits, u'b');
+  const WString path = folder_.Path("out.txt");
+  for (const Type type : {Type::Utf8, Type::Utf16, Type::Utf16Be}) {
+    EXPECT_TRUE(WriteTextFile(path, text, Info(type, true), true, errorText_));
+    const std::string expected = EncodeText(text, type, true).bytes;
+    EXPECT_EQ(folder_.Get("out.txt").size(), expected.size());
+    EXPECT_TRUE(folder_.Get("out.txt") == expected) << int(type);
+  }
+  EXPECT_EQ(errorText_, u"");
+}
+
+// A character no code page holds, found only in a later piece: nothing is
+// written when the encoding was asked for, and otherwise the whole text goes
+// out as UTF-8 with a mark.
+TEST_F(FileIo, UnrepresentableInALaterPieceIsFoundBeforeAnythingIsReplaced) {
+  const WString text = WString(2 * kWritePieceUnits, u'a') + Testing::kNotInAnyCodePage;
+  const WString path = folder_.Path("out.txt");
+  folder_.Put("out.txt", "before");
+  EXPECT_FALSE(WriteTextFile(path, text, Info(Type::Ascii), true, errorText_));
+  EXPECT_EQ(errorText_,
+            u"\r\n- Content to write to file \"" + path + u"\" not representable in ASCII encoding");
+  EXPECT_EQ(folder_.Get("out.txt"), "before");
+  EXPECT_EQ(folder_.Names(), std::set<std::string>{"out.txt"});
+
+  WString errorText;
+  EXPECT_TRUE(WriteTextFile(path, text, Info(Type::Ascii), false, errorText));
+  EXPECT_EQ(errorText, u"");
+  EXPECT_TRUE(folder_.Get("out.txt") == EncodeText(text, Type::Utf8, true).bytes);
+  EXPECT_EQ(folder_.Names(), std::set<std::string>{"out.txt"});
 }
 
 }  // namespace

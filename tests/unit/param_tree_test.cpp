@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <functional>
 #include <limits>
 
 #include "unit/param_test_util.h"
@@ -184,6 +186,28 @@ TEST(ParamSort, OrdersChildrenAndRenumbers) {
     EXPECT_TRUE(NumberedInOrder(node)) << label;
     EXPECT_EQ(node.GetChildValue(u"n3"), u"a") << label;
   }
+}
+
+// Values are compared eight units at a time; these differ before, at and
+// after such a boundary, by case only, by a NUL unit, or by ending early.
+TEST(ParamSort, LongValuesCompareUnitByUnitToTheirEnd) {
+  const WString values[] = {
+      u"prefix-common-B", u"PREFIX-COMMON-a", u"prefix-common-", u"prefix-c",
+      WString(u"prefix-common-a\0", 16), u"prefix-commoN-a", u"prefix-common-bb-and-more-than-sixteen",
+      WString(u"prefix-c\0", 9), u"prefix-co",
+  };
+  CParam node;
+  for (const WString& value : values) node.AppendNumbered()->SetValue(value);
+  const auto order = [&](bool descending) {
+    std::string numbers;
+    for (const CParam* child : std::as_const(node).ListChildren(ParamOrder::ByValue, descending)) {
+      const auto at = std::find(std::begin(values), std::end(values), child->GetValue());
+      numbers += std::to_string(at - std::begin(values) + 1);
+    }
+    return numbers;
+  };
+  EXPECT_EQ(order(false), "489326517");
+  EXPECT_EQ(order(true), "715623984");
 }
 
 TEST(ParamCopy, KeepsAutomaticNamesAndNumberedFlags) {

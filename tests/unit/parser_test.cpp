@@ -205,6 +205,39 @@ TEST(Parser, PartsOutliveTheirParser) {
   EXPECT_EQ(call->Location().context, kContext);
 }
 
+// A template that is one text without escapes is its own output; escapes,
+// scripts (even empty ones) and an empty template are not.
+TEST(Parser, TellsATemplateThatIsItsOwnOutput) {
+  const std::pair<WStringView, bool> cases[] = {
+      {u"plain text", true},          {u"a #> b ) ; {x}", true}, {u"a <# #>", false}, {u"<##>abc", false},
+      {u"a <#<# b", false},           {u"a #>#> b", false},      {u"", false},        {u"abc<#", false},
+  };
+  for (const auto& [text, verbatim] : cases) {
+    CParser parser;
+    ASSERT_EQ(parser.Parse(WString(text), kContext), u"") << WideToUtf8(text);
+    EXPECT_EQ(parser.IsVerbatim(), verbatim) << WideToUtf8(text);
+  }
+}
+
+TEST(Parser, HandsOutItsTextAndEndsTheParse) {
+  CParser parser;
+  ASSERT_EQ(parser.Parse(u"a text long enough to live on the heap", kContext), u"");
+  EXPECT_EQ(parser.TakeText(), u"a text long enough to live on the heap");
+  EXPECT_EQ(Dump(*parser.GetRoot()), "");
+  EXPECT_FALSE(parser.IsVerbatim());
+}
+
+// A part held elsewhere views the text, so the text is copied, not moved.
+TEST(Parser, CopiesTheTextWhileAPartIsHeldElsewhere) {
+  CParser parser;
+  ASSERT_EQ(parser.Parse(u"a text long enough to live on the heap", kContext), u"");
+  const CParsePartRef text = parser.GetRoot()->Children()[0];
+  const WString taken = parser.TakeText();
+  EXPECT_EQ(taken, u"a text long enough to live on the heap");
+  EXPECT_NE(taken.data(), text->Value().data());
+  EXPECT_EQ(text->Value(), u"a text long enough to live on the heap");
+}
+
 // Builds "<#" followed by `depth` times "f x: (", optionally closed again.
 WString NestedContents(std::size_t depth, bool closed) {
   WString text = u"<#";

@@ -37,6 +37,19 @@ TEST(Nesting, TheNextLevelFailsWithTheLimit) {
   EXPECT_EQ(context.nestingDepth, 0);
 }
 
+// A text-only template is handed on as its own output, but it still takes a
+// nesting level like any other template.
+TEST(Nesting, ATemplateBeyondTheLimitFailsWhateverItHolds) {
+  for (const WStringView text : {WStringView(u"plain text"), WStringView(u"text <# f #>")}) {
+    CProcessContext context;
+    context.nestingDepth = kMaxNestingDepth + 1;
+    EXPECT_EQ(Lines(RunTemplate(context, text).errors),
+              "- Too many nested function calls (1000) at line 1, column 1, re-processed content")
+        << WideToUtf8(text);
+    EXPECT_EQ(context.nestingDepth, kMaxNestingDepth + 1);
+  }
+}
+
 TEST(Isolation, AnIsolatedRunLeavesNothingBehind) {
   CProcessContext context;
   context.Root().GetChildByName(u"kept", true)->SetValue(u"before");

@@ -1,0 +1,82 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <set>
+#include <string>
+
+#include "platform/files.h"
+#include "unit/scratch_folder.h"
+
+namespace NScrivolt {
+namespace {
+
+class FilePieces : public ::testing::Test {
+ protected:
+  Testing::CScratchFolder folder_;
+};
+
+TEST_F(FilePieces, AReaderHandsOutTheFileInPiecesToItsEnd) {
+  folder_.Put("in.txt", "0123456789");
+  Platform::CFileReader reader;
+  ASSERT_TRUE(reader.Open(folder_.Path("in.txt")));
+  EXPECT_EQ(reader.SizeHint(), 10u);
+  std::string pieces;
+  char buffer[4];
+  for (size_t count = 1; count != 0;) {
+    ASSERT_TRUE(reader.Read(buffer, sizeof buffer, count));
+    if (count != 0) pieces += "[" + std::string(buffer, count) + "]";
+  }
+  EXPECT_EQ(pieces, "[0123][4567][89]");
+}
+
+TEST_F(FilePieces, NeitherAFolderNorAMissingFileOpensForReading) {
+  Platform::CFileReader reader;
+  EXPECT_FALSE(reader.Open(folder_.Folder()));
+  EXPECT_FALSE(reader.Open(folder_.Path("missing.txt")));
+  size_t count = 1;
+  char buffer[4];
+  EXPECT_FALSE(reader.Read(buffer, sizeof buffer, count));
+  EXPECT_EQ(count, 0u);
+}
+
+// While the pieces are written the target keeps its old content, and the
+// new content sits in one temporary file beside it.
+TEST_F(FilePieces, AReplacementShowsOnlyWhenCommitted) {
+  folder_.Put("out.txt", "old");
+  Platform::CFileReplacement file;
+  ASSERT_TRUE(file.Open(folder_.Path("out.txt")));
+  EXPECT_TRUE(file.Write("new "));
+  EXPECT_TRUE(file.Write(""));
+  EXPECT_TRUE(file.Write("content"));
+  EXPECT_EQ(folder_.Get("out.txt"), "old");
+  EXPECT_EQ(folder_.Names().size(), 2u);
+  EXPECT_TRUE(file.Commit());
+  EXPECT_EQ(folder_.Get("out.txt"), "new content");
+  EXPECT_EQ(folder_.Names(), std::set<std::string>{"out.txt"});
+  EXPECT_FALSE(file.Commit());
+  EXPECT_FALSE(file.Write("more"));
+}
+
+TEST_F(FilePieces, AnUncommittedReplacementLeavesNothingBehind) {
+  folder_.Put("kept.txt", "old");
+  for (const char* name : {"kept.txt", "new.txt"}) {
+    Platform::CFileReplacement file;
+    ASSERT_TRUE(file.Open(folder_.Path(name)));
+    EXPECT_TRUE(file.Write("new"));
+  }
+  EXPECT_EQ(folder_.Get("kept.txt"), "old");
+  EXPECT_EQ(folder_.Names(), std::set<std::string>{"kept.txt"});
+}
+
+TEST_F(FilePieces, AFolderCannotBeReplaced) {
+  std::filesystem::create_directory(folder_.Native("target"));
+  Platform::CFileReplacement file;
+  EXPECT_FALSE(file.Open(folder_.Path("target")));
+  EXPECT_FALSE(file.Write("x"));
+  EXPECT_FALSE(file.Commit());
+  EXPECT_EQ(folder_.Names(), std::set<std::string>{"target"});
+  EXPECT_TRUE(std::filesystem::is_directory(folder_.Native("target")));
+}
+
+}  // namespace
+}  // namespace NScrivolt
