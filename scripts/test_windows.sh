@@ -16,13 +16,13 @@ mkdir -p "$WINEPREFIX"
 [ -f "$WINEPREFIX/system.reg" ] || wine cmd /c exit >/dev/null 2>&1 || true
 if [ "$what" = --e2e ]; then
   # Message boxes need a display: a private virtual one unless one is given.
+  # Xvfb picks a free display number itself and writes it to the pipe.
   if [ -z "${DISPLAY:-}" ]; then
-    display=:$((90 + RANDOM % 100))
-    Xvfb "$display" -screen 0 1024x768x24 -nolisten tcp >/dev/null 2>&1 &
+    exec 3< <(exec Xvfb -displayfd 1 -screen 0 1024x768x24 -nolisten tcp 2>/dev/null)
     xvfb=$!
-    trap 'kill $xvfb 2>/dev/null' EXIT
-    export DISPLAY=$display
-    sleep 1
+    trap 'kill $xvfb 2>/dev/null || true' EXIT
+    read -r -t 20 number <&3 || { echo "Xvfb did not start" >&2; exit 1; }
+    export DISPLAY=:$number
   fi
   "$(dirname "$0")/../tests/e2e/run.sh" --windows "$build/Scrivolt.exe"
 else
