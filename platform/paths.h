@@ -8,9 +8,14 @@ namespace NScrivolt::Platform {
 
 bool IsPathSeparator(WChar c);
 
+// The system reads a path only up to its first NUL character, so a path that
+// holds one would silently name another file. Such a path names no file: the
+// file calls here fail on it.
+inline bool IsWholePath(WStringView path) { return path.find(u'\0') == WStringView::npos; }
+
 // The absolute, normalised form of `path`, relative paths taken against the
-// current directory. The file need not exist. False when the path is empty or
-// the system cannot make it absolute.
+// current directory. The file need not exist. False when the path is empty,
+// holds a NUL, or the system cannot make it absolute.
 //
 // POSIX, lexically (links are not followed): every separator becomes "/",
 // repeated separators are one, "." parts go, ".." removes the part before it

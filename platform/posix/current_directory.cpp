@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <string>
 
+#include "platform/paths.h"
 #include "text/utf8.h"
 
 namespace NScrivolt::Platform {
@@ -27,7 +28,7 @@ bool CurrentDirectory(WString& directory) {
 }
 
 bool ChangeCurrentDirectory(const WString& directory) {
-  return chdir(WideToUtf8(directory).c_str()) == 0;
+  return IsWholePath(directory) && chdir(WideToUtf8(directory).c_str()) == 0;
 }
 
 }  // namespace NScrivolt::Platform

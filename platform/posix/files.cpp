@@ -12,6 +12,7 @@
 #include <string>
 #include <utility>
 
+#include "platform/paths.h"
 #include "text/utf8.h"
 
 namespace NScrivolt::Platform {
@@ -55,7 +56,9 @@ mode_t ModeFor(const struct stat* existing) {
 
 }  // namespace
 
-bool FileExists(const WString& path) { return access(WideToUtf8(path).c_str(), F_OK) == 0; }
+bool FileExists(const WString& path) {
+  return IsWholePath(path) && access(WideToUtf8(path).c_str(), F_OK) == 0;
+}
 
 // --- CFileReader ----------------------------------------------------------------
 
@@ -77,6 +80,7 @@ CFileReader::~CFileReader() = default;
 // report 0 or nothing useful.
 bool CFileReader::Open(const WString& path) {
   state_.reset();
+  if (!IsWholePath(path)) return false;
   const int fd = open(WideToUtf8(path).c_str(), O_RDONLY | O_CLOEXEC);
   if (fd < 0) return false;
   auto state = std::make_unique<CState>(fd);
@@ -124,6 +128,7 @@ CFileReplacement::~CFileReplacement() = default;
 
 bool CFileReplacement::Open(const WString& path) {
   state_.reset();
+  if (!IsWholePath(path)) return false;
   auto state = std::make_unique<CState>();
   state->target = WriteTarget(WideToUtf8(path));
   struct stat info;

@@ -32,7 +32,7 @@ std::vector<WStringView> NormalParts(WStringView path) {
 bool IsPathSeparator(WChar c) { return c == u'/' || c == u'\\'; }
 
 bool FullPath(const WString& path, WString& full) {
-  if (path.empty()) return false;
+  if (path.empty() || !IsWholePath(path)) return false;
   WString absolute;
   if (!IsPathSeparator(path[0])) {
     if (!CurrentDirectory(absolute)) return false;

@@ -1,5 +1,6 @@
 #include "platform/current_directory.h"
 
+#include "platform/paths.h"
 #include "platform/win32/wide_cast.h"
 
 namespace NScrivolt::Platform {
@@ -21,7 +22,7 @@ bool CurrentDirectory(WString& directory) {
 }
 
 bool ChangeCurrentDirectory(const WString& directory) {
-  return SetCurrentDirectoryW(AsWin(directory)) != 0;
+  return IsWholePath(directory) && SetCurrentDirectoryW(AsWin(directory)) != 0;
 }
 
 }  // namespace NScrivolt::Platform

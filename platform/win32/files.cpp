@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/paths.h"
 #include "platform/win32/wide_cast.h"
 #include "text/wide_string.h"
 
@@ -72,7 +73,7 @@ HANDLE CreateTemporaryBeside(const WString& target, WString& temporary) {
 
 }  // namespace
 
-bool FileExists(const WString& path) { return _waccess(AsWin(path), 0) == 0; }
+bool FileExists(const WString& path) { return IsWholePath(path) && _waccess(AsWin(path), 0) == 0; }
 
 // --- CFileReader ----------------------------------------------------------------
 
@@ -88,6 +89,7 @@ CFileReader::~CFileReader() = default;
 // A folder cannot be opened this way (that would take FILE_FLAG_BACKUP_SEMANTICS).
 bool CFileReader::Open(const WString& path) {
   state_.reset();
+  if (!IsWholePath(path)) return false;
   auto state = std::make_unique<CState>();
   state->file.Reset(CreateFileW(AsWin(path), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
                                 FILE_ATTRIBUTE_NORMAL, nullptr));
@@ -134,6 +136,7 @@ CFileReplacement::~CFileReplacement() = default;
 
 bool CFileReplacement::Open(const WString& path) {
   state_.reset();
+  if (!IsWholePath(path)) return false;
   const DWORD attributes = GetFileAttributesW(AsWin(path));
   if (attributes != INVALID_FILE_ATTRIBUTES &&
       (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0) {

@@ -15,6 +15,7 @@ bool IsPathSeparator(WChar c) { return c == u'\\'; }
 // First with a buffer of MAX_PATH units, then once more with the size the
 // system asked for.
 bool FullPath(const WString& path, WString& full) {
+  if (!IsWholePath(path)) return false;
   WString buffer(kFirstBufferSize, u'\0');
   DWORD length = GetFullPathNameW(AsWin(path), DWORD(buffer.size()), AsWin(&buffer[0]), nullptr);
   if (length >= buffer.size()) {
