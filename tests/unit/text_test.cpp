@@ -129,19 +129,5 @@ TEST(ReplaceAll, NeverRescansReplacements) {
   EXPECT_EQ(ReplaceAll(u"abc", u"", u"x"), u"abc");
 }
 
-TEST(Utf8, RoundTripAndMalformedInput) {
-  const WString text = u"a\u00e9\u20ac\U0001F600";
-  EXPECT_EQ(Utf8ToWide(WideToUtf8(text)), text);
-  WString strict;
-  EXPECT_FALSE(AppendUtf8AsWide("a\xC3", strict, true));
-  EXPECT_TRUE(strict.empty());
-  EXPECT_FALSE(AppendUtf8AsWide("\xC0\xAF", strict, true));  // overlong
-  EXPECT_FALSE(AppendUtf8AsWide("\xED\xA0\x80", strict, true));  // surrogate
-  EXPECT_EQ(Utf8ToWide("a\xFF" "b"), u"a\uFFFDb");
-  bool replaced = false;
-  EXPECT_EQ(WideToUtf8(WString(1, WChar(0xD800)), &replaced), "\xEF\xBF\xBD");
-  EXPECT_TRUE(replaced);
-}
-
 }  // namespace
 }  // namespace NScrivolt
