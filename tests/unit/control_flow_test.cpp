@@ -75,8 +75,6 @@ const TemplateCase kControlErrors[] = {
      "- Argument \"From\" is missing" AT(1, 4) "\n- Error processing function \"for\"" AT(1, 4)},
     {"for without to", u"<# for from: \"1\" do: \"x\" #>", "",
      "- Argument \"To\" is missing" AT(1, 4) "\n- Error processing function \"for\"" AT(1, 4)},
-    {"for with a step without digits", u"<# FOR from: \"1\" to: \"3\" STEP: \"abc\" do: \"x\" #>", "",
-     "- \"STEP\" set to 0 in \"FOR\" functie" AT(1, 26) "\n- Error processing function \"FOR\"" AT(1, 4)},
     {"for needs do when a round runs", u"<# for from: \"1\" to: \"3\" #>", "",
      "- Argument \"Do\" is missing" AT(1, 4) "\n- Error processing function \"for\"" AT(1, 4)},
     {"for value without value", u"<# for from: \"1\" to: \"3\" value #>", "",

@@ -19,7 +19,6 @@ const TemplateCase kParameterCases[] = {
      "0[]", ""},
     {"set to its own sub-parameter", u"<# setsubparams param: \"a\" to: \"x\"; set param: \"a\" to: a.#1 #>"
      u"<# use param: \"a\" #><# subparamcount param: \"a\" #>", "x0", ""},
-    {"set creates the whole path", u"<# set param: \"a.b.#3\" to: \"v\" #><# use param: \"a.b.#1\" #>", "v", ""},
     {"unset renumbers the later siblings",
      u"<# setsubparams param: \"p\" to: \"a\" to: \"b\" to: \"c\"; unset param: \"p.#2\" #>"
      u"<# use param: \"p.#2\" #><# subparamcount param: \"p\" #>",
@@ -33,13 +32,6 @@ const TemplateCase kParameterCases[] = {
      u"<# use param: \"p\" #><# subparamcount param: \"p\" #>",
      "v0", ""},
     {"unsetsubparams of a missing parameter", u"<# unsetsubparams param: \"none\" #>ok", "ok", ""},
-    // subparamcount
-    {"subparamcount without sub-parameters", u"<# set param: \"p\" #><# subparamcount param: \"p\" #>", "0", ""},
-    // findsubparam
-    {"findsubparam tests a level before going deeper",
-     u"<# set param: \"t.#1.#1.#1\" to: \"x\"; set param: \"t.#1.#2\" to: \"x\" #>"
-     u"<# findsubparam param: \"t\" value: \"x\" recurse #>",
-     "#1.#2", ""},
     // sortsubparams
     {"sortsubparams numberdesc twice restores",
      u"<# setsubparams param: \"p\" to: \"1\" to: \"2\" to: \"3\"; sortsubparams param: \"p\" orderby: \"numberdesc\" #>"
