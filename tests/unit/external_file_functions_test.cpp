@@ -15,9 +15,6 @@ using Testing::FileCase;
 // arguments, their order of evaluation and their errors. Reading, writing and
 // the encodings themselves are run end to end (tests/e2e/cases/file-*).
 const FileCase kCases[] = {
-    {"input reads the file's mark",
-     {{"a.txt", "\xFF\xFE" "A\0B\0"s}},
-     u"<# input file: \"a.txt\" #>", "AB", "", {}},
     {"\"AUTO\" is the same as no encoding",
      {{"a.txt", "\xFE\xFF\0A\0B"s}},
      u"<# input file: \"a.txt\" fileencoding: \"AUTO\" #>", "AB", "", {}},
