@@ -50,27 +50,20 @@ TEST(Nesting, ATemplateBeyondTheLimitFailsWhateverItHolds) {
   }
 }
 
+// What an isolated run sets or defines, _InFile included, is put back whether
+// the run succeeds or fails.
 TEST(Isolation, AnIsolatedRunLeavesNothingBehind) {
-  CProcessContext context;
-  context.Root().GetChildByName(u"kept", true)->SetValue(u"before");
-  const TemplateRun run = RunTemplate(
-      context,
-      u"<# set param: \"kept\" to: \"changed\"; set param: \"new\" to: \"1\";"
-      u" makefunction name: \"f\" content: (#>f<#) #><# use param: \"kept\" #>",
-      true);
-  EXPECT_EQ(Lines(run.errors), "");
-  EXPECT_EQ(WideToUtf8(run.output), "changed");
-  EXPECT_EQ(context.Root().GetChildValue(u"kept"), u"before");
-  EXPECT_EQ(std::as_const(context).Root().GetChildByName(u"new"), nullptr);
-  EXPECT_EQ(std::as_const(context).Root().GetChildByName(u"_InFile"), nullptr);
-  EXPECT_FALSE(context.userFunctions.IsDefined(u"f"));
-}
-
-TEST(Isolation, AnIsolatedRunPutsBackAfterAnErrorToo) {
-  CProcessContext context;
-  const TemplateRun run = RunTemplate(context, u"<# set param: \"a\" to: \"1\"; use param: \"missing\" #>", true);
-  EXPECT_FALSE(run.errors.empty());
-  EXPECT_EQ(std::as_const(context).Root().GetChildByName(u"a"), nullptr);
+  const WString changes =
+      u"<# set param: \"kept\" to: \"changed\"; set param: \"new\" to: \"1\"; makefunction name: \"f\" content: \"f\"";
+  for (const auto& [end, fails] : {std::pair<WStringView, bool>{u" #>", false}, {u"; use param: \"x\" #>", true}}) {
+    CProcessContext context;
+    context.Root().GetChildByName(u"kept", true)->SetValue(u"before");
+    EXPECT_EQ(RunTemplate(context, changes + WString(end), true).errors.empty(), !fails);
+    EXPECT_EQ(context.Root().GetChildValue(u"kept"), u"before") << fails;
+    EXPECT_EQ(std::as_const(context).Root().GetChildByName(u"new"), nullptr) << fails;
+    EXPECT_EQ(std::as_const(context).Root().GetChildByName(u"_InFile"), nullptr) << fails;
+    EXPECT_FALSE(context.userFunctions.IsDefined(u"f")) << fails;
+  }
 }
 
 TEST(BaseFolder, BasePathThenFolderOfCurrentInFile) {
