@@ -14,11 +14,9 @@ const TemplateCase kCases[] = {
     {"nooutput drops text keeps effects", u"<# nooutput content: (#>gone<# set param: \"k\" to: \"kept\") #><# use param: \"k\" #>",
      "kept", ""},
     {"missing argument at the call", u"<# use #>", "",
-     "- Argument \"Param\" is missing at line 1, column 4, re-processed content\n"
-     "- Error processing function \"use\" at line 1, column 4, re-processed content"},
+     "- Argument \"Param\" is missing" AT(1, 4) CALL_FAILED("use", 1, 4)},
     {"flag without value", u"<# use param #>", "",
-     "- Argument \"Param\" is missing a value at line 1, column 8, re-processed content\n"
-     "- Error processing function \"use\" at line 1, column 4, re-processed content"},
+     "- Argument \"Param\" is missing a value" AT(1, 8) CALL_FAILED("use", 1, 4)},
 };
 
 TEST(Evaluation, TemplatesGiveTheirOutputOrTheirReport) { ExpectTemplateCases(kCases); }

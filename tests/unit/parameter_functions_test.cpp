@@ -5,8 +5,6 @@
 namespace NScrivolt {
 namespace {
 
-#define AT(line, column) " at line " #line ", column " #column ", re-processed content"
-
 const TemplateCase kParameterCases[] = {
     // set
     {"set with a text drops the sub-parameters",
@@ -55,64 +53,57 @@ const TemplateCase kParameterCases[] = {
 TEST(ParameterFunctions, TemplatesGiveTheirOutput) { ExpectTemplateCases(kParameterCases); }
 
 const TemplateCase kParameterErrors[] = {
-    {"set without param", u"<# set #>", "",
-     "- Argument \"Param\" is missing" AT(1, 4) "\n- Error processing function \"set\"" AT(1, 4)},
+    {"set without param", u"<# set #>", "", "- Argument \"Param\" is missing" AT(1, 4) CALL_FAILED("set", 1, 4)},
     {"set param without value", u"<# set to: \"x\" param #>", "",
-     "- Argument \"Param\" is missing a value" AT(1, 16) "\n- Error processing function \"set\"" AT(1, 4)},
+     "- Argument \"Param\" is missing a value" AT(1, 16) CALL_FAILED("set", 1, 4)},
     {"set to a missing reference", u"<# set param: \"a\" to: missing.#2 #>", "",
-     "- Parameter \"missing.#2\" is not set when evaluating argument \"to\"" AT(1, 19)
-     "\n- Error processing function \"set\"" AT(1, 4)},
+     "- Parameter \"missing.#2\" is not set when evaluating argument \"to\"" AT(1, 19) CALL_FAILED("set", 1, 4)},
     {"set of an invalid name", u"<# set param: \"a b\" #>", "",
      "- Invalid parameter name \"a b\" found in parameter qualifier \"a b\" while processing argument \"Param\""
-     AT(1, 8) "\n- Error processing function \"set\"" AT(1, 4)},
+     AT(1, 8) CALL_FAILED("set", 1, 4)},
     {"unset without param", u"\n<# unset #>", "",
-     "- Argument \"Param\" is missing" AT(2, 4) "\n- Error processing function \"unset\"" AT(2, 4)},
+     "- Argument \"Param\" is missing" AT(2, 4) CALL_FAILED("unset", 2, 4)},
     {"addsubparams without param", u"<# addsubparams value: \"x\" #>", "",
-     "- Argument \"Param\" is missing" AT(1, 4) "\n- Error processing function \"addsubparams\"" AT(1, 4)},
+     "- Argument \"Param\" is missing" AT(1, 4) CALL_FAILED("addsubparams", 1, 4)},
     {"addsubparams without value", u"<# addsubparams param: \"p\" #>", "",
-     "- Argument \"Value\" is missing" AT(1, 4) "\n- Error processing function \"addsubparams\"" AT(1, 4)},
+     "- Argument \"Value\" is missing" AT(1, 4) CALL_FAILED("addsubparams", 1, 4)},
     {"addsubparams value without value", u"<# addsubparams param: \"p\" value #>", "",
-     "- Argument \"Value\" is missing a value" AT(1, 28) "\n- Error processing function \"addsubparams\"" AT(1, 4)},
+     "- Argument \"Value\" is missing a value" AT(1, 28) CALL_FAILED("addsubparams", 1, 4)},
     {"addsubparams value not set", u"<# addsubparams param: \"p\" value: \"a\" value: nothing #>", "",
      "- Parameter \"nothing\" is not set when evaluating argument \"value\"" AT(1, 39)
-     "\n- Error processing function \"addsubparams\"" AT(1, 4)},
+     CALL_FAILED("addsubparams", 1, 4)},
     {"setsubparams without param", u"<# setsubparams to: \"a\" #>", "",
-     "- Argument \"Param\" is missing" AT(1, 4) "\n- Error processing function \"setsubparams\"" AT(1, 4)},
+     "- Argument \"Param\" is missing" AT(1, 4) CALL_FAILED("setsubparams", 1, 4)},
     {"setsubparams to without value", u"<# setsubparams param: \"p\" to: \"a\" to #>", "",
-     "- Argument \"To\" is missing a value" AT(1, 36) "\n- Error processing function \"setsubparams\"" AT(1, 4)},
+     "- Argument \"To\" is missing a value" AT(1, 36) CALL_FAILED("setsubparams", 1, 4)},
     {"unsetsubparams without param", u"<# unsetsubparams #>", "",
-     "- Argument \"Param\" is missing" AT(1, 4) "\n- Error processing function \"unsetsubparams\"" AT(1, 4)},
+     "- Argument \"Param\" is missing" AT(1, 4) CALL_FAILED("unsetsubparams", 1, 4)},
     {"subparamcount without param", u"<# subparamcount #>", "",
-     "- Argument \"Param\" is missing" AT(1, 4) "\n- Error processing function \"subparamcount\"" AT(1, 4)},
+     "- Argument \"Param\" is missing" AT(1, 4) CALL_FAILED("subparamcount", 1, 4)},
     {"subparamcount names the evaluated text", u"<# subparamcount param: (#>a.b<#) #>", "",
-     "- Parameter \"a.b\" is not set when evaluating argument \"param\"" AT(1, 18)
-     "\n- Error processing function \"subparamcount\"" AT(1, 4)},
+     "- Parameter \"a.b\" is not set when evaluating argument \"param\"" AT(1, 18) CALL_FAILED("subparamcount", 1, 4)},
     {"findsubparam without param", u"<# findsubparam value: \"x\" #>", "",
-     "- Argument \"Param\" is missing" AT(1, 4) "\n- Error processing function \"findsubparam\"" AT(1, 4)},
+     "- Argument \"Param\" is missing" AT(1, 4) CALL_FAILED("findsubparam", 1, 4)},
     {"findsubparam without value", u"<# findsubparam param: \"p\" #>", "",
-     "- Argument \"Value\" is missing" AT(1, 4) "\n- Error processing function \"findsubparam\"" AT(1, 4)},
+     "- Argument \"Value\" is missing" AT(1, 4) CALL_FAILED("findsubparam", 1, 4)},
     {"findsubparam indextype without value", u"<# findsubparam param: \"p\" value: \"x\" indextype #>", "",
-     "- Argument \"IndexType\" is missing a value" AT(1, 39) "\n- Error processing function \"findsubparam\"" AT(1, 4)},
+     "- Argument \"IndexType\" is missing a value" AT(1, 39) CALL_FAILED("findsubparam", 1, 4)},
     {"findsubparam of a missing parameter", u"<# findsubparam param: \"p\" value: \"x\" #>", "",
-     "- Parameter \"p\" is not set when evaluating argument \"param\"" AT(1, 17)
-     "\n- Error processing function \"findsubparam\"" AT(1, 4)},
+     "- Parameter \"p\" is not set when evaluating argument \"param\"" AT(1, 17) CALL_FAILED("findsubparam", 1, 4)},
     {"findsubparam has no orderby", u"<# findsubparam param: \"p\" value: \"x\" orderby: \"nameasc\" #>", "",
-     "- Unknown argument \"orderby\" found" AT(1, 39) "\n- Error setting up \"findsubparam\" functie" AT(1, 4)},
+     "- Unknown argument \"orderby\" found" AT(1, 39) SETUP_FAILED("findsubparam", 1, 4)},
     {"sortsubparams without param", u"<# sortsubparams #>", "",
-     "- Argument \"Param\" is missing" AT(1, 4) "\n- Error processing function \"sortsubparams\"" AT(1, 4)},
+     "- Argument \"Param\" is missing" AT(1, 4) CALL_FAILED("sortsubparams", 1, 4)},
     {"sortsubparams with an unknown order", u"<# sortsubparams param: \"p\" ORDERBY: \"sideways\" #>", "",
-     "- Unknown option \"sideways\" for \"ORDERBY\" found" AT(1, 29)
-     "\n- Error processing function \"sortsubparams\"" AT(1, 4)},
+     "- Unknown option \"sideways\" for \"ORDERBY\" found" AT(1, 29) CALL_FAILED("sortsubparams", 1, 4)},
     {"sortsubparams of a missing parameter", u"<# sortsubparams param: \"p\" #>", "",
-     "- Parameter \"p\" is not set when evaluating argument \"param\"" AT(1, 18)
-     "\n- Error processing function \"sortsubparams\"" AT(1, 4)},
+     "- Parameter \"p\" is not set when evaluating argument \"param\"" AT(1, 18) CALL_FAILED("sortsubparams", 1, 4)},
     {"sortsubparams with orderby twice", u"<# sortsubparams param: \"p\" orderby: \"nameasc\" orderby: \"namedesc\" #>", "",
-     "- Argument \"orderby\" can only be specified once" AT(1, 48)
-     "\n- Error setting up \"sortsubparams\" functie" AT(1, 4)},
+     "- Argument \"orderby\" can only be specified once" AT(1, 48) SETUP_FAILED("sortsubparams", 1, 4)},
     {"sortsubparams orderby without value", u"<# sortsubparams param: \"p\" orderby #>", "",
-     "- Argument \"OrderBy\" is missing a value" AT(1, 29) "\n- Error processing function \"sortsubparams\"" AT(1, 4)},
+     "- Argument \"OrderBy\" is missing a value" AT(1, 29) CALL_FAILED("sortsubparams", 1, 4)},
     {"_writeparamtree without param", u"<# _writeparamtree #>", "",
-     "- Argument \"Param\" is missing" AT(1, 4) "\n- Error processing function \"_writeparamtree\"" AT(1, 4)},
+     "- Argument \"Param\" is missing" AT(1, 4) CALL_FAILED("_writeparamtree", 1, 4)},
 };
 
 TEST(ParameterFunctions, ArgumentErrorsAreReportedWhereTheyAreWritten) { ExpectTemplateCases(kParameterErrors); }

@@ -7,6 +7,12 @@
 #include "engine/process_context.h"
 #include "text/utf8.h"
 
+// The end of a report line about the template given as text, and the lines
+// that the call at that place adds when its processing or its set-up fails.
+#define AT(line, column) " at line " #line ", column " #column ", re-processed content"
+#define CALL_FAILED(function, line, column) "\n- Error processing function \"" function "\"" AT(line, column)
+#define SETUP_FAILED(function, line, column) "\n- Error setting up \"" function "\" functie" AT(line, column)
+
 namespace NScrivolt {
 
 struct TemplateRun {
