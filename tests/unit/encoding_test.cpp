@@ -146,16 +146,6 @@ TEST(DecodeBytes, SkipsTheMarkAndConvertsTheRest) {
   }
 }
 
-// Every Unicode form gives back exactly what it was given, NUL and all.
-TEST(EncodeThenDecode, UnicodeFormsRoundTrip) {
-  const WString text(u"x\0\r\n\u00E9\u20AC\U0001F600\uFFFF"sv);
-  for (const Type type : {Type::Utf8, Type::Utf16, Type::Utf16Be}) {
-    const EncodeResult encoded = EncodeText(text, type, true);
-    const DecodeResult decoded = DecodeBytes(encoded.bytes, DetectEncoding(encoded.bytes, Type::Ascii));
-    EXPECT_EQ(decoded.text, text) << static_cast<int>(type);
-  }
-}
-
 // Plain ASCII is copied in blocks; a character outside it must come out
 // right at every position relative to a block.
 TEST(Utf8Conversion, NonAsciiAtEveryPositionOfABlock) {
