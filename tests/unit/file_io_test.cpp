@@ -66,21 +66,6 @@ TEST_F(FileIo, ReadDetectsOrChecksTheMarkAndReportsIt) {
   EXPECT_EQ(errorText_, u"");
 }
 
-TEST_F(FileIo, MissingFileIsAnErrorUnlessSkipped) {
-  const WString path = folder_.Path("missing.txt");
-  WString text = u"old";
-  EncodingInfo encoding = Info(Type::Utf16Be);
-  EXPECT_TRUE(ReadTextFile(path, text, true, encoding, false, errorText_));
-  EXPECT_EQ(errorText_, u"");
-  EXPECT_EQ(text, u"");
-  EXPECT_EQ(encoding.type, Type::Utf16Be);
-
-  text = u"old";
-  EXPECT_FALSE(ReadTextFile(path, text, false, encoding, false, errorText_));
-  EXPECT_EQ(errorText_, CannotRead(path));
-  EXPECT_EQ(text, u"");
-}
-
 // Skipping covers only a file that is not there; a folder is there.
 TEST_F(FileIo, FolderInPlaceOfTheFileCannotBeRead) {
   const WString path = folder_.Folder();
