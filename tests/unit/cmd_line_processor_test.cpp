@@ -39,8 +39,6 @@ TEST(CmdLineProcessor, BoxesTitlesAndIcons) {
     bool result;
     std::vector<std::string> shown;
   } cases[] = {
-      {"nothing to process is an error box", u"/set a 1", true,
-       {"Scrivolt - Error processing|warning|Nothing specified to process"}},
       {"help, then the run goes on", u"/?", true,
        {"help 40036", "Scrivolt - Error processing|warning|Nothing specified to process"}},
       {"done processing has no icon", u"/in \"{DIR}t.txt\" /out \"{DIR}out.txt\" /go", true,
