@@ -140,27 +140,6 @@ TEST(XmlParse, TopNodeIsTheSingleElementOrNameless) {
   }
 }
 
-TEST(XmlParse, DeclarationNodeAndAttributes) {
-  XmlParseResult result;
-  const XmlTreeNode tree =
-      ParseXmlText(u"<?xml version=\"1.0\" standalone?>\n<root a='1'>t<c/>u</root>", u"", result);
-  ASSERT_EQ(result.error, E::None);
-  const XmlTreeNode declaration = tree.Child(0);
-  EXPECT_TRUE(declaration.IsDeclaration());
-  EXPECT_EQ(*declaration.Name(), u"xml");
-  ASSERT_EQ(declaration.AttributeCount(), 2u);
-  EXPECT_EQ(declaration.Attribute(0).name, u"version");
-  EXPECT_EQ(declaration.Attribute(0).value, WString(u"1.0"));
-  EXPECT_EQ(declaration.Attribute(1).name, u"standalone");
-  EXPECT_FALSE(declaration.Attribute(1).value);
-  const XmlTreeNode root = tree.Child(1);
-  EXPECT_EQ(root.Parent(), tree);
-  EXPECT_EQ(root.Text(0), WStringView(u"t"));
-  EXPECT_EQ(root.Text(1), WStringView(u"u"));
-  EXPECT_FALSE(root.Text(2));
-  EXPECT_EQ(*root.Child(0).Name(), u"c");
-}
-
 TEST(XmlParse, RequiredTopTagSelectsATopLevelElement) {
   const WChar* text = u"<?xml?><A>1</A><b>2</b>";
   struct TagCase {
