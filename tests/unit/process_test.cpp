@@ -2,7 +2,6 @@
 
 #include "engine/content_stream.h"
 #include "engine/process.h"
-#include "platform/current_directory.h"
 #include "scratch_folder.h"
 #include "template_runner.h"
 
@@ -97,17 +96,6 @@ class FileProcess : public ::testing::Test {
   CScratchFolder folder_;
   CProcessContext context_;
 };
-
-// The run works in the template's folder and changes back when it ends.
-TEST_F(FileProcess, TheCurrentDirectoryIsBackAfterwards) {
-  folder_.Put("in.txt", "<# set param: \"x\" to: \"1\" #>");
-  WString before;
-  ASSERT_TRUE(Platform::CurrentDirectory(before));
-  EXPECT_EQ(Lines(Run(folder_.Path("in.txt"), folder_.Path("out.txt"))), "");
-  WString after;
-  ASSERT_TRUE(Platform::CurrentDirectory(after));
-  EXPECT_EQ(after, before);
-}
 
 TEST_F(FileProcess, AMissingInputIsReportedWithItsFullPath) {
   const WString missing = folder_.Path("missing.txt");

@@ -17,10 +17,6 @@ const TemplateCase kUserFunctionCases[] = {
      "2", ""},
     {"an argument without value is empty text",
      u"<# makefunction name: \"f\" arg: \"x\" content: (#>[<# use param: \"x\" #>]<#) #><# f x #>", "[]", ""},
-    {"arguments are evaluated in the caller's state",
-     u"<# set param: \"a\" to: \"outer\"; makefunction name: \"f\" arg: \"a\" arg: \"b\" content: "
-     u"(#><# use param: \"a\" #>-<# use param: \"b\" #><#) #><# f a: \"inner\" b: a #>",
-     "inner-outer", ""},
     {"a name declared twice counts under its first kind",
      u"<# makefunction name: \"f\" multiarg: \"x\" optarg: \"x\" content: \"ok\" #><# f #>", "ok", ""},
     {"recursion sees its own arguments at each level",
