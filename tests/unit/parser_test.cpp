@@ -4,6 +4,7 @@
 
 #include "engine/parser.h"
 #include "text/utf8.h"
+#include "text/wide_string.h"
 
 namespace NScrivolt {
 namespace {
@@ -125,18 +126,6 @@ std::string ExpectedErrorLine(const ErrorCase& c) {
          std::to_string(c.column) + ", file \"t.txt\"";
 }
 
-std::string WithLineEnds(const char* source, const char* lineEnd) {
-  std::string result;
-  for (const char* c = source; *c != 0; ++c) {
-    if (*c == '\n') {
-      result += lineEnd;
-    } else {
-      result += *c;
-    }
-  }
-  return result;
-}
-
 TEST(Parser, ReportsEachSyntaxErrorAtItsPlaceForEveryLineEnd) {
   const ErrorCase cases[] = {
       {"abc<# set", "Script not closed before end of template", 1, 4},
@@ -166,13 +155,13 @@ TEST(Parser, ReportsEachSyntaxErrorAtItsPlaceForEveryLineEnd) {
       {"<# <# #>", "Illegal content found in stead of function name", 1, 4},
       {"text\n<# f;\n .g #>", "Illegal content found in stead of function name", 3, 2},
   };
-  const std::pair<const char*, const char*> lineEnds[] = {{"LF", "\n"}, {"CR", "\r"}, {"CRLF", "\r\n"}};
-  for (const auto& lineEnd : lineEnds) {
+  const std::pair<WStringView, const char*> lineEnds[] = {{u"\n", "LF"}, {u"\r", "CR"}, {u"\r\n", "CRLF"}};
+  for (const auto& [lineEnd, name] : lineEnds) {
     for (const ErrorCase& c : cases) {
       CParser parser;
-      EXPECT_EQ(WideToUtf8(parser.Parse(Utf8ToWide(WithLineEnds(c.source, lineEnd.second)), kContext)),
+      EXPECT_EQ(WideToUtf8(parser.Parse(ReplaceAll(Utf8ToWide(c.source), u"\n", lineEnd), kContext)),
                 ExpectedErrorLine(c))
-          << c.source << " with " << lineEnd.first;
+          << c.source << " with " << name;
     }
   }
 }
