@@ -13,10 +13,8 @@ const TemplateCase kCases[] = {
     {"names ignore case", u"<# SET Param: \"x\" TO: \"1\" #><# Use PARAM: \"X\" #>", "1", ""},
     {"nooutput drops text keeps effects", u"<# nooutput content: (#>gone<# set param: \"k\" to: \"kept\") #><# use param: \"k\" #>",
      "kept", ""},
-    {"missing argument at the call", u"<# use #>", "",
-     "- Argument \"Param\" is missing" AT(1, 4) CALL_FAILED("use", 1, 4)},
-    {"flag without value", u"<# use param #>", "",
-     "- Argument \"Param\" is missing a value" AT(1, 8) CALL_FAILED("use", 1, 4)},
+    {"missing argument at the call", u"<# use #>", "", ARG_MISSING("Param", "use")},
+    {"flag without value", u"<# use param #>", "", ARG_WITHOUT_VALUE("Param", 8, "use")},
 };
 
 TEST(Evaluation, TemplatesGiveTheirOutputOrTheirReport) { ExpectTemplateCases(kCases); }

@@ -29,7 +29,8 @@ TEST(Nesting, AThousandLevelsBelowTheTemplateEvaluateAndNoMore) {
     if (depth == 1000) {
       EXPECT_EQ(report, "");
     } else {
-      EXPECT_EQ(report.rfind("- Too many nested function calls (1000) at line 1, column ", 0), 0u) << report.substr(0, 200);
+      EXPECT_EQ(report.rfind("- Too many nested function calls (1000) at line 1, column ", 0), 0u)
+          << report.substr(0, 200);
       EXPECT_EQ(std::count(report.begin(), report.end(), '\n'), 1001);
     }
     EXPECT_EQ(context.nestingDepth, 0) << depth;
