@@ -53,7 +53,6 @@ TEST(CmdLine, ParseSplitsWithQuotesAndBackslashes) {
 // Which tokens are switches where absolute paths begin with "/" too.
 TEST(CmdLine, KnownNameOrDashSyntax) {
   const ParseCase cases[] = {
-      {"known names", u"/in /IN /Go /? /commandFileEncoding", "S</in>S</IN>S</Go>S</?>S</commandFileEncoding>"},
       {"dashes", u"--in --HELP --version --", "S<--in>S<--HELP>S<--version>S<-->"},
       {"paths are options", u"/var/www /tmp/x.txt / /in/x /inx", "O</var/www>O</tmp/x.txt>O</>O</in/x>O</inx>"},
       {"no abbreviations", u"/se /feedback", "O</se>O</feedback>"},

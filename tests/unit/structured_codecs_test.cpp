@@ -19,7 +19,6 @@ struct DecodeCase {
 const DecodeCase kDecodeCases[] = {
     {"csvlines LF CR is two breaks", DecodeCsvLines, u"a\n\rb", "{{\"a\"} {\"\"} {\"b\"}}"},
     {"csvlines empty line", DecodeCsvLines, u"a\r\n\r\nb", "{{\"a\"} {\"\"} {\"b\"}}"},
-    {"csvlines trailing break adds nothing", DecodeCsvLines, u"a\r\n", "{{\"a\"}}"},
     {"csvlines unclosed quote", DecodeCsvLines, u"a\n\"b\nc", "{{\"a\"} {\"b\nc\"}}"},
     {"tsvline keeps line ends", DecodeTsvLine, u"a\r\nb", "{\"a\r\nb\"}"},
     {"tsvlines LF CR is two breaks", DecodeTsvLines, u"a\n\rb", "{{\"a\"} {\"\"} {\"b\"}}"},
