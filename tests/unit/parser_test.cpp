@@ -166,18 +166,6 @@ TEST(Parser, ReportsEachSyntaxErrorAtItsPlaceForEveryLineEnd) {
   }
 }
 
-TEST(Parser, PartsOutliveTheirParser) {
-  CParsePartRef call;
-  {
-    CParser parser;
-    ASSERT_EQ(parser.Parse(u"x\n<# f a: \"q\"\"q\" b: r #>", kContext), u"");
-    call = parser.GetRoot()->Children()[1];
-  }
-  EXPECT_EQ(Dump(*call), "f(a=\"q\"q\" b=r)");
-  EXPECT_EQ(call->Location().line, 2u);
-  EXPECT_EQ(call->Location().context, kContext);
-}
-
 // A template that is one text without escapes is its own output; escapes,
 // scripts (even empty ones) and an empty template are not.
 TEST(Parser, TellsATemplateThatIsItsOwnOutput) {
