@@ -98,17 +98,5 @@ TEST(ParamSharing, CopiesOfCopies) {
   EXPECT_EQ(third.Root().FindParam(Ref(u"a.b.c.#2"))->GetValue(), u"3");
 }
 
-TEST(ParamSharing, AssigningParamsReplacesTheWholeTree) {
-  CParams a;
-  CParams b;
-  Fill(a.Root());
-  b.Root().GetChildByName(u"only", true);
-  b = a;
-  EXPECT_EQ(Dump(b.Root()), Dump(a.Root()));
-  a.Root().Clear();
-  EXPECT_EQ(b.Root().GetValue(), u"root");
-  EXPECT_FALSE(b.Root().ParamExists(Ref(u"only")));
-}
-
 }  // namespace
 }  // namespace NScrivolt
