@@ -35,10 +35,11 @@ const TemplateCase kParameterCases[] = {
      u"<# setsubparams param: \"p\" to: \"1\" to: \"2\" to: \"3\"; sortsubparams param: \"p\" orderby: \"numberdesc\" #>"
      u"<# use param: \"p.#1\" #><# sortsubparams param: \"p\" orderby: \"NumberDesc\" #><# use param: \"p.#1\" #>",
      "31", ""},
-    {"sortsubparams by name",
+    {"sortsubparams by name renumbers",
      u"<# set param: \"p.b\" to: \"1\"; set param: \"p.C\" to: \"2\"; set param: \"p.a\" to: \"3\" #>"
-     u"<# sortsubparams param: \"p\" orderby: \"nameasc\" #><# use param: \"p.#1\" #><# use param: \"p.#3\" #>",
-     "32", ""},
+     u"<# sortsubparams param: \"p\" orderby: \"nameasc\" #><# use param: \"p.#1\" #><# use param: \"p.#3\" #>"
+     u"<# findsubparam param: \"p\" value: \"2\" #>",
+     "32#3", ""},
     {"sortsubparams recurse sorts every level",
      u"<# setsubparams param: \"p\" to: \"2\" to: \"1\"; setsubparams param: \"p.#1\" to: \"z\" to: \"y\"; "
      u"setsubparams param: \"p.#1.#1\" to: \"n\" to: \"m\" #><# sortsubparams param: \"p\" recurse #>"
