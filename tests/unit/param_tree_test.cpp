@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "engine/param_automatic_name.h"
 #include "unit/param_test_util.h"
 
 namespace NScrivolt {
@@ -16,12 +17,10 @@ CParam Named(std::initializer_list<const char16_t*> names) {
 }
 
 // The number that the next automatic name will carry.
-std::int64_t NextAutomaticNumber() {
+std::uint64_t NextAppendedNumber() {
   CParam probe;
-  return std::stoll(WideToUtf8(probe.AppendNumbered()->GetId().name.substr(5))) + 1;
+  return std::stoull(WideToUtf8(probe.AppendNumbered()->GetId().name.substr(5))) + 1;
 }
-
-WString AutomaticName(std::int64_t number) { return u"Param" + IntegerToText(number); }
 
 // Lookups in lists long enough to use the hash index, with removals between.
 TEST(ParamNames, LargeListsFindEveryKey) {
@@ -37,7 +36,7 @@ TEST(ParamNames, LargeListsFindEveryKey) {
 }
 
 TEST(ParamAutomaticNames, DrawFromOneCounterAndSkipTakenKeys) {
-  const std::int64_t first = NextAutomaticNumber();
+  const std::uint64_t first = NextAppendedNumber();
   CParam node;
   CParam* a = node.AppendNumbered();
   EXPECT_EQ(a->GetId().name, AutomaticName(first));
@@ -55,7 +54,7 @@ TEST(ParamAutomaticNames, DrawFromOneCounterAndSkipTakenKeys) {
 
 TEST(ParamAutomaticNames, AddingATakenNameGivesTheNewChildAnAutomaticName) {
   CParam node = Named({u"x"});
-  const std::int64_t next = NextAutomaticNumber();
+  const std::uint64_t next = NextAppendedNumber();
   CParamId id;
   id.numbered = false;
   id.name = u"X";
@@ -153,7 +152,7 @@ TEST(ParamCopy, KeepsAutomaticNamesAndNumberedFlags) {
   EXPECT_EQ(Dump(target), Dump(source));
   EXPECT_EQ(target.GetId().name, u"");
 
-  const std::int64_t next = NextAutomaticNumber();
+  const std::uint64_t next = NextAppendedNumber();
   EXPECT_EQ(target.AppendNumbered()->GetId().name, AutomaticName(next));
 }
 
