@@ -39,13 +39,10 @@ TEST(CmdLineProcessor, BoxesTitlesAndIcons) {
     bool result;
     std::vector<std::string> shown;
   } cases[] = {
-      {"nothing to process is an error box", u"/set a 1", true,
-       {"Scrivolt - Error processing|warning|Nothing specified to process"}},
       {"help, then the run goes on", u"/?", true,
        {"help 40036", "Scrivolt - Error processing|warning|Nothing specified to process"}},
       {"done processing has no icon", u"/in \"{DIR}t.txt\" /out \"{DIR}out.txt\" /go", true,
        {"Scrivolt - Done processing|none|Processed \"{DIR}t.txt\" to \"{DIR}out.txt\"."}},
-      {"mode none shows nothing, not even the failure", u"/feedbackmode none /bogus", false, {}},
       {"an unwritable feedback file", u"/feedbackdest file \"{DIR}missing/fb.txt\" /bogus", false,
        {"Scrivolt - Cannot write feedback to file|warning|Cannot write feedback to file \"{DIR}missing/fb.txt\""}},
   };

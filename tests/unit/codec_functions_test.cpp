@@ -39,14 +39,5 @@ TEST(CodecFunctions, DecodeEmptiesItsTargetFirst) {
   EXPECT_EQ(Layout(*Find(context, u"New")), "{Path=\"\"}");
 }
 
-TEST(CodecFunctions, StructuredDecodeReplacesEarlierContent) {
-  CProcessContext context;
-  const TemplateRun run = RunTemplate(
-      context,
-      u"<# decode what: \"a,b\" from: \"csvline\" to: \"T\"; decode what: \"c\" from: \"csvline\" to: \"T\" #>");
-  EXPECT_EQ(Lines(run.errors), "");
-  EXPECT_EQ(Layout(*Find(context, u"T")), "{\"c\"}");
-}
-
 }  // namespace
 }  // namespace NScrivolt

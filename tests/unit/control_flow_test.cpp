@@ -5,8 +5,6 @@
 namespace NScrivolt {
 namespace {
 
-#define AT(line, column) " at line " #line ", column " #column ", re-processed content"
-
 const TemplateCase kControlCases[] = {
     {"paramset of an empty parameter, paramnotset of a missing one",
      u"<# set param: \"e\" #><# if paramset: \"e\" then: \"set\" #><# if paramnotset: \"E\" then: \"unset\" #>"
@@ -28,8 +26,7 @@ const TemplateCase kControlCases[] = {
      u"<# for from: \"  +2abc\" to: \" 4 \" value: \"v\" do: (use param: \"v\") #>", "234", ""},
     {"an error in a later round stops the loop",
      u"<# for from: \"1\" to: \"3\" value: \"v\" do: (#><# if what: v is: \"2\" then: (error text: \"two\") #><#) #>", "",
-     "\n- two\n- Error processing function \"error\"" AT(1, 73) "\n- Error processing function \"if\"" AT(1, 47)
-     "\n- Error processing function \"for\"" AT(1, 4)},
+     "\n- two" CALL_FAILED("error", 1, 73) CALL_FAILED("if", 1, 47) CALL_FAILED("for", 1, 4)},
     {"gate keeps a listed function's deletion",
      u"<# makefunction name: \"f\" content: \"f\" #><# gate function: \"f\" content: (deletefunction name: \"f\") #>"
      u"<# f #>",
@@ -49,65 +46,47 @@ TEST(Gate, RestoresNothingWhenTheContentFails) {
 }
 
 const TemplateCase kControlErrors[] = {
-    {"comparison without what", u"<# if is: \"a\" then: \"x\" #>", "",
-     "- Argument \"What\" is missing" AT(1, 4) "\n- Error processing function \"if\"" AT(1, 4)},
-    {"what without value", u"<# if what is: \"a\" then: \"x\" #>", "",
-     "- Argument \"What\" is missing a value" AT(1, 7) "\n- Error processing function \"if\"" AT(1, 4)},
+    {"comparison without what", u"<# if is: \"a\" then: \"x\" #>", "", ARG_MISSING("What", "if")},
+    {"what without value", u"<# if what is: \"a\" then: \"x\" #>", "", ARG_WITHOUT_VALUE("What", 7, "if")},
     {"comparison without value", u"<# if what: \"a\" islowerthaneq then: \"x\" #>", "",
-     "- Argument \"IsLowerThanEq\" is missing a value" AT(1, 17) "\n- Error processing function \"if\"" AT(1, 4)},
+     ARG_WITHOUT_VALUE("IsLowerThanEq", 17, "if")},
     {"what and paramset", u"<# if what: \"a\" paramset: \"b\" #>", "",
-     "- Argument \"paramset\" can only be specified once" AT(1, 17) "\n- Error setting up \"if\" functie" AT(1, 4)},
-    {"then missing when taken", u"<# if what: \"a\" is: \"a\" #>", "",
-     "- Argument \"Then\" is missing" AT(1, 4) "\n- Error processing function \"if\"" AT(1, 4)},
+     "- Argument \"paramset\" can only be specified once" AT(1, 17) SETUP_FAILED("if", 1, 4)},
+    {"then missing when taken", u"<# if what: \"a\" is: \"a\" #>", "", ARG_MISSING("Then", "if")},
     {"paramset with a bad reference", u"<# if paramset: \"a..b\" then: \"x\" #>", "",
      "- Invalid parameter name \"\" found in parameter qualifier \"a..b\" while processing argument \"ParamSet\""
-     AT(1, 7) "\n- Error processing function \"if\"" AT(1, 4)},
-    {"while needs do when the body runs", u"<# while what: \"a\" is: \"a\" #>", "",
-     "- Argument \"Do\" is missing" AT(1, 4) "\n- Error processing function \"while\"" AT(1, 4)},
+     AT(1, 7) CALL_FAILED("if", 1, 4)},
+    {"while needs do when the body runs", u"<# while what: \"a\" is: \"a\" #>", "", ARG_MISSING("Do", "while")},
     {"loopnumber without value", u"<# while what: \"a\" is: \"b\" loopnumber #>", "",
-     "- Argument \"LoopNr\" is missing a value" AT(1, 28) "\n- Error processing function \"while\"" AT(1, 4)},
-    {"until always needs do", u"<# until what: \"a\" is: \"b\" #>", "",
-     "- Argument \"Do\" is missing" AT(1, 4) "\n- Error processing function \"until\"" AT(1, 4)},
+     ARG_WITHOUT_VALUE("LoopNr", 28, "while")},
+    {"until always needs do", u"<# until what: \"a\" is: \"b\" #>", "", ARG_MISSING("Do", "until")},
     {"until without comparison", u"<# until do: \"x\" #>", "",
-     "- One of the arguments \"Is\", \"IsNot\", etc. is missing" AT(1, 4)
-     "\n- Error processing function \"until\"" AT(1, 4)},
-    {"for without from", u"<# for to: \"3\" do: \"x\" #>", "",
-     "- Argument \"From\" is missing" AT(1, 4) "\n- Error processing function \"for\"" AT(1, 4)},
-    {"for without to", u"<# for from: \"1\" do: \"x\" #>", "",
-     "- Argument \"To\" is missing" AT(1, 4) "\n- Error processing function \"for\"" AT(1, 4)},
-    {"for with a step without digits", u"<# FOR from: \"1\" to: \"3\" STEP: \"abc\" do: \"x\" #>", "",
-     "- \"STEP\" set to 0 in \"FOR\" functie" AT(1, 26) "\n- Error processing function \"FOR\"" AT(1, 4)},
-    {"for needs do when a round runs", u"<# for from: \"1\" to: \"3\" #>", "",
-     "- Argument \"Do\" is missing" AT(1, 4) "\n- Error processing function \"for\"" AT(1, 4)},
-    {"for value without value", u"<# for from: \"1\" to: \"3\" value #>", "",
-     "- Argument \"Value\" is missing a value" AT(1, 26) "\n- Error processing function \"for\"" AT(1, 4)},
-    {"foreach without in", u"<# foreach do: \"x\" #>", "",
-     "- Argument \"In\" is missing" AT(1, 4) "\n- Error processing function \"foreach\"" AT(1, 4)},
+     "- One of the arguments \"Is\", \"IsNot\", etc. is missing" AT(1, 4) CALL_FAILED("until", 1, 4)},
+    {"for without from", u"<# for to: \"3\" do: \"x\" #>", "", ARG_MISSING("From", "for")},
+    {"for without to", u"<# for from: \"1\" do: \"x\" #>", "", ARG_MISSING("To", "for")},
+    {"for needs do when a round runs", u"<# for from: \"1\" to: \"3\" #>", "", ARG_MISSING("Do", "for")},
+    {"for value without value", u"<# for from: \"1\" to: \"3\" value #>", "", ARG_WITHOUT_VALUE("Value", 26, "for")},
+    {"foreach without in", u"<# foreach do: \"x\" #>", "", ARG_MISSING("In", "foreach")},
     {"foreach of a missing parameter", u"<# foreach in: (#>no.<#) do: \"x\" #>", "",
      "- Invalid parameter name \"\" found in parameter qualifier \"no.\" while processing argument \"In\"" AT(1, 12)
-     "\n- Error processing function \"foreach\"" AT(1, 4)},
+     CALL_FAILED("foreach", 1, 4)},
     {"foreach names the evaluated in", u"<# foreach in: (#>no.such<#) do: \"x\" #>", "",
-     "- Parameter \"no.such\" is not set when evaluating argument \"in\"" AT(1, 12)
-     "\n- Error processing function \"foreach\"" AT(1, 4)},
+     "- Parameter \"no.such\" is not set when evaluating argument \"in\"" AT(1, 12) CALL_FAILED("foreach", 1, 4)},
     {"foreach needs do when a round runs", u"<# set param: \"p.#1\" #><# foreach in: \"p\" #>", "",
-     "- Argument \"Do\" is missing" AT(1, 27) "\n- Error processing function \"foreach\"" AT(1, 27)},
+     "- Argument \"Do\" is missing" AT(1, 27) CALL_FAILED("foreach", 1, 27)},
     {"foreach indexname without value", u"<# foreach in: \"p\" indexname #>", "",
-     "- Argument \"IndexName\" is missing a value" AT(1, 20) "\n- Error processing function \"foreach\"" AT(1, 4)},
+     ARG_WITHOUT_VALUE("IndexName", 20, "foreach")},
     {"foreach indexnumber without value", u"<# foreach in: \"p\" indexnumber #>", "",
-     "- Argument \"IndexNumber\" is missing a value" AT(1, 20) "\n- Error processing function \"foreach\"" AT(1, 4)},
-    {"gate without content", u"<# gate param: \"a\" #>", "",
-     "- Argument \"Content\" is missing" AT(1, 4) "\n- Error processing function \"gate\"" AT(1, 4)},
+     ARG_WITHOUT_VALUE("IndexNumber", 20, "foreach")},
+    {"gate without content", u"<# gate param: \"a\" #>", "", ARG_MISSING("Content", "gate")},
     {"gate with an invalid function name", u"<# gate function: \"bad.name\" content: \"x\" #>", "",
-     "- The function name \"bad.name\" is not valid" AT(1, 9) "\n- Error processing function \"gate\"" AT(1, 4)},
-    {"gate param without value", u"<# gate param #>", "",
-     "- Argument \"Param\" is missing a value" AT(1, 9) "\n- Error processing function \"gate\"" AT(1, 4)},
-    {"error without text", u"<# error #>", "",
-     "- Argument \"Text\" is missing" AT(1, 4) "\n- Error processing function \"error\"" AT(1, 4)},
-    {"nooutput without content", u"<# nooutput #>", "",
-     "- Argument \"Content\" is missing" AT(1, 4) "\n- Error processing function \"nooutput\"" AT(1, 4)},
+     "- The function name \"bad.name\" is not valid" AT(1, 9) CALL_FAILED("gate", 1, 4)},
+    {"gate param without value", u"<# gate param #>", "", ARG_WITHOUT_VALUE("Param", 9, "gate")},
+    {"error without text", u"<# error #>", "", ARG_MISSING("Text", "error")},
+    {"nooutput without content", u"<# nooutput #>", "", ARG_MISSING("Content", "nooutput")},
     {"error in a loop body", u"<# while what: \"a\" is: \"a\" do: (use param: \"x\") #>", "",
      "- Parameter \"x\" is not set when evaluating argument \"param\"" AT(1, 37)
-     "\n- Error processing function \"use\"" AT(1, 33) "\n- Error processing function \"while\"" AT(1, 4)},
+     CALL_FAILED("use", 1, 33) CALL_FAILED("while", 1, 4)},
 };
 
 TEST(ControlFlow, ArgumentErrorsAreReportedWhereTheyAreWritten) { ExpectTemplateCases(kControlErrors); }

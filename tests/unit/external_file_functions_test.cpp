@@ -15,94 +15,41 @@ using Testing::FileCase;
 // arguments, their order of evaluation and their errors. Reading, writing and
 // the encodings themselves are run end to end (tests/e2e/cases/file-*).
 const FileCase kCases[] = {
-    {"input reads the file's mark",
-     {{"a.txt", "\xFF\xFE" "A\0B\0"s}},
-     u"<# input file: \"a.txt\" #>", "AB", "", {}},
-    {"\"AUTO\" is the same as no encoding",
-     {{"a.txt", "\xFE\xFF\0A\0B"s}},
+    {"\"AUTO\" is the same as no encoding", {{"a.txt", "\xFE\xFF\0A\0B"s}},
      u"<# input file: \"a.txt\" fileencoding: \"AUTO\" #>", "AB", "", {}},
-    {"explicit encoding for a file without mark",
-     {{"a.txt", "A\0B\0"s}},
+    {"explicit encoding for a file without mark", {{"a.txt", "A\0B\0"s}},
      u"<# input file: \"a.txt\" FileEncoding: \"utf16le\" #>", "AB", "", {}},
-    {"a missing file is an error",
-     {},
-     u"<# input file: \"missing.txt\" #>", "",
-     "\n- Cannot read from file \"{DIR}{/}missing.txt\"\n"
-     "- Error processing function \"input\" at line 1, column 4, re-processed content",
-     {}},
-    {"file is required",
-     {},
-     u"<# input skipifmissing #>", "",
-     "- Argument \"File\" is missing at line 1, column 4, re-processed content\n"
-     "- Error processing function \"input\" at line 1, column 4, re-processed content",
-     {}},
-    {"content is not an argument of input",
-     {},
-     u"<# input content: \"x\" #>", "",
-     "- Unknown argument \"content\" found at line 1, column 10, re-processed content\n"
-     "- Error setting up \"input\" functie at line 1, column 4, re-processed content",
-     {}},
-    {"unknown encoding keyword",
-     {{"a.txt", "text"}},
-     u"<# input file: \"a.txt\" FileEncoding: \"utf-8\" #>", "",
-     "- Unknown option \"utf-8\" for \"FileEncoding\" found at line 1, column 24, re-processed content\n"
-     "- Error processing function \"input\" at line 1, column 4, re-processed content",
-     {}},
-    {"the encoding is checked before the file",
-     {},
-     u"<# input file: \"missing.txt\" fileencoding: \"latin1\" #>", "",
-     "- Unknown option \"latin1\" for \"fileencoding\" found at line 1, column 30, re-processed content\n"
-     "- Error processing function \"input\" at line 1, column 4, re-processed content",
-     {}},
+    {"a missing file is an error", {}, u"<# input file: \"missing.txt\" #>", "",
+     "\n- Cannot read from file \"{DIR}{/}missing.txt\"" CALL_FAILED("input", 1, 4), {}},
+    {"file is required", {}, u"<# input skipifmissing #>", "", ARG_MISSING("File", "input"), {}},
+    {"content is not an argument of input", {}, u"<# input content: \"x\" #>", "",
+     "- Unknown argument \"content\" found" AT(1, 10) SETUP_FAILED("input", 1, 4), {}},
+    {"the encoding is checked before the file", {}, u"<# input file: \"missing.txt\" fileencoding: \"latin1\" #>", "",
+     "- Unknown option \"latin1\" for \"fileencoding\" found" AT(1, 30) CALL_FAILED("input", 1, 4), {}},
     {"the file parameters are the processed file's, then put back",
      {{"a.txt", "<# use param: \"_CurrentFile\" #>|<# use param: \"_InFile\" #>"}},
      u"<# set param: \"_InFile\" to: \"in\"; set param: \"_CurrentFile\" to: \"cur\" #>"
      u"[<# process file: \"a.txt\" #>][<# use param: \"_CurrentFile\" #>|<# use param: \"_InFile\" #>]",
      "[a.txt|][cur|in]", "", {}},
-    {"both file and content, even for an existing file",
-     {{"a.txt", "text"}},
+    {"both file and content, even for an existing file", {{"a.txt", "text"}},
      u"\n  <# process file: \"a.txt\" content: \"x\" #>", "",
-     "- Both \"File\" and \"Content\" specified at line 2, column 6, re-processed content\n"
-     "- Error processing function \"process\" at line 2, column 6, re-processed content",
-     {}},
-    {"neither file nor content",
-     {},
-     u"<# process skipifmissing #>", "",
-     "- Missing argument \"File\" or \"Content\" at line 1, column 4, re-processed content\n"
-     "- Error processing function \"process\" at line 1, column 4, re-processed content",
-     {}},
-    {"an error inside re-processed content",
-     {},
-     u"<# process content: \"\r\n<# use param: \"\"q\"\" #>\" #>", "",
-     "- Parameter \"q\" is not set when evaluating argument \"param\" at line 2, column 8, re-processed content\n"
-     "- Error processing function \"use\" at line 2, column 4, re-processed content\n"
-     "- Error processing function \"process\" at line 1, column 4, re-processed content",
-     {}},
-    {"no file: only the result",
-     {},
-     u"[<# output content: \"x\" functionresult #>]", "[x]", "", {}},
+     "- Both \"File\" and \"Content\" specified" AT(2, 6) CALL_FAILED("process", 2, 6), {}},
+    {"neither file nor content", {}, u"<# process skipifmissing #>", "",
+     "- Missing argument \"File\" or \"Content\"" AT(1, 4) CALL_FAILED("process", 1, 4), {}},
+    {"an error inside re-processed content", {}, u"<# process content: \"\r\n<# use param: \"\"q\"\" #>\" #>", "",
+     "- Parameter \"q\" is not set when evaluating argument \"param\"" AT(2, 8) CALL_FAILED("use", 2, 4)
+     CALL_FAILED("process", 1, 4), {}},
+    {"no file: only the result", {}, u"[<# output content: \"x\" functionresult #>]", "[x]", "", {}},
     {"auto mirrors the template: no mark", {},
      u"<# output file: \"a.txt\" content: \"Ab\" fileencoding: \"auto\" #>", "", "", {{"a.txt", "Ab"}}},
-    {"content is required",
-     {},
-     u"<# output file: \"a.txt\" #>", "",
-     "- Argument \"Content\" is missing at line 1, column 4, re-processed content\n"
-     "- Error processing function \"output\" at line 1, column 4, re-processed content",
-     {}},
-    {"files are evaluated before the content, in order",
-     {},
+    {"content is required", {}, u"<# output file: \"a.txt\" #>", "", ARG_MISSING("Content", "output"), {}},
+    {"files are evaluated before the content, in order", {},
      u"<# output file: (set param: \"n\" to: \"1\"#>a<#) file: (use param: \"n\") content: (use param: \"n\") #>"
      u"<# use param: \"n\" #>",
      "1", "", {{"a", "1"}, {"1", "1"}}},
-    {"a failing file argument writes nothing",
-     {},
-     u"<# output file: \"a.txt\" file: Missing content: \"x\" #>", "",
-     "- Parameter \"Missing\" is not set when evaluating argument \"file\" at line 1, column 25, "
-     "re-processed content\n"
-     "- Error processing function \"output\" at line 1, column 4, re-processed content",
-     {}},
-    {"a flag's value is never evaluated",
-     {},
+    {"a failing file argument writes nothing", {}, u"<# output file: \"a.txt\" file: Missing content: \"x\" #>", "",
+     "- Parameter \"Missing\" is not set when evaluating argument \"file\"" AT(1, 25) CALL_FAILED("output", 1, 4), {}},
+    {"a flag's value is never evaluated", {},
      u"<# output content: \"x\" functionresult: Missing #><# input file: \"none\" skipifmissing: (error) #>", "x",
      "", {}},
 };
@@ -129,7 +76,7 @@ TEST(ExternalFiles, AFileThatProcessesItselfStopsAtTheNestingLimit) {
   for (int level = 0; level < kMaxNestingDepth; ++level) {
     expected += "\n- Error processing function \"process\" at line 1, column 4, file \"self.txt\"";
   }
-  expected += "\n- Error processing function \"process\" at line 1, column 4, re-processed content";
+  expected += CALL_FAILED("process", 1, 4);
   EXPECT_EQ(Lines(run.Run(u"<# process file: \"self.txt\" #>").errors), expected);
 }
 

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <functional>
 #include <limits>
 
+#include "engine/param_automatic_name.h"
 #include "unit/param_test_util.h"
 
 namespace NScrivolt {
@@ -17,34 +17,9 @@ CParam Named(std::initializer_list<const char16_t*> names) {
 }
 
 // The number that the next automatic name will carry.
-std::int64_t NextAutomaticNumber() {
+std::uint64_t NextAppendedNumber() {
   CParam probe;
-  return std::stoll(WideToUtf8(probe.AppendNumbered()->GetId().name.substr(5))) + 1;
-}
-
-WString AutomaticName(std::int64_t number) { return u"Param" + IntegerToText(number); }
-
-TEST(ParamNames, LookupIgnoresCaseAndKeepsDisplayNames) {
-  const CParam node = Named({u"a", u"B"});
-  struct Case {
-    const char16_t* lookup;
-    const char16_t* found;  // display name, or null for none
-  } const cases[] = {
-      {u"a", u"a"}, {u"A", u"a"}, {u"b", u"B"}, {u"B", u"B"}, {u"c", nullptr}, {u"", nullptr},
-  };
-  for (const Case& c : cases) {
-    const CParam* child = node.GetChildByName(c.lookup);
-    if (c.found == nullptr) {
-      EXPECT_EQ(child, nullptr) << WideToUtf8(c.lookup);
-    } else {
-      ASSERT_NE(child, nullptr) << WideToUtf8(c.lookup);
-      EXPECT_EQ(child->GetId().name, c.found);
-      EXPECT_FALSE(child->GetId().numbered);
-    }
-  }
-  EXPECT_EQ(node.GetChildValue(u"b"), u"B");
-  EXPECT_EQ(node.GetChildValue(u"missing"), u"");
-  EXPECT_EQ(Children(node), "a=a, B=B");
+  return std::stoull(WideToUtf8(probe.AppendNumbered()->GetId().name.substr(5))) + 1;
 }
 
 // Lookups in lists long enough to use the hash index, with removals between.
@@ -61,7 +36,7 @@ TEST(ParamNames, LargeListsFindEveryKey) {
 }
 
 TEST(ParamAutomaticNames, DrawFromOneCounterAndSkipTakenKeys) {
-  const std::int64_t first = NextAutomaticNumber();
+  const std::uint64_t first = NextAppendedNumber();
   CParam node;
   CParam* a = node.AppendNumbered();
   EXPECT_EQ(a->GetId().name, AutomaticName(first));
@@ -79,7 +54,7 @@ TEST(ParamAutomaticNames, DrawFromOneCounterAndSkipTakenKeys) {
 
 TEST(ParamAutomaticNames, AddingATakenNameGivesTheNewChildAnAutomaticName) {
   CParam node = Named({u"x"});
-  const std::int64_t next = NextAutomaticNumber();
+  const std::uint64_t next = NextAppendedNumber();
   CParamId id;
   id.numbered = false;
   id.name = u"X";
@@ -145,49 +120,6 @@ TEST(ParamDelete, RemovesOneNodeAndClosesTheNumbering) {
   }
 }
 
-TEST(ParamDelete, NestedNodesGoWithTheirSubtree) {
-  CParam root;
-  root.FindParam(Ref(u"a.b.c"), true)->SetValue(u"deep");
-  root.FindParam(Ref(u"a.d"), true);
-  root.DeleteParam(Ref(u"a.b"));
-  EXPECT_FALSE(root.ParamExists(Ref(u"a.b.c")));
-  EXPECT_EQ(Children(*root.FindParam(Ref(u"a"))), "d=");
-}
-
-TEST(ParamSort, OrdersChildrenAndRenumbers) {
-  struct Case {
-    ParamOrder order;
-    bool descending;
-    const char* expected;
-  } const cases[] = {
-      {ParamOrder::ByNumber, false, "n1=b, n2=A, N3=a, n4=10, n5=9"},
-      {ParamOrder::ByNumber, true, "n5=9, n4=10, N3=a, n2=A, n1=b"},
-      {ParamOrder::ByName, false, "n1=b, n2=A, N3=a, n4=10, n5=9"},
-      {ParamOrder::ByName, true, "n5=9, n4=10, N3=a, n2=A, n1=b"},
-      // Equal lower-cased values keep their number order ascending and
-      // come reversed descending; digits compare as text.
-      {ParamOrder::ByValue, false, "n4=10, n5=9, n2=A, N3=a, n1=b"},
-      {ParamOrder::ByValue, true, "n1=b, N3=a, n2=A, n5=9, n4=10"},
-  };
-  for (const Case& c : cases) {
-    CParam node;
-    const char16_t* values[][2] = {{u"n1", u"b"}, {u"n2", u"A"}, {u"N3", u"a"}, {u"n4", u"10"}, {u"n5", u"9"}};
-    for (auto& [name, value] : values) node.GetChildByName(name, true)->SetValue(value);
-    const std::string label = std::to_string(int(c.order)) + (c.descending ? " desc" : " asc");
-    std::string listed;
-    for (const CParam* child : std::as_const(node).ListChildren(c.order, c.descending)) {
-      listed += (listed.empty() ? "" : ", ") + WideToUtf8(child->GetId().name) + "=" +
-                WideToUtf8(child->GetValue());
-    }
-    EXPECT_EQ(listed, c.expected) << label;
-    EXPECT_EQ(Children(node), "n1=b, n2=A, N3=a, n4=10, n5=9") << label << ": listing changed the order";
-    node.SortChildren(c.order, c.descending);
-    EXPECT_EQ(Children(node), c.expected) << label;
-    EXPECT_TRUE(NumberedInOrder(node)) << label;
-    EXPECT_EQ(node.GetChildValue(u"n3"), u"a") << label;
-  }
-}
-
 // Values are compared eight units at a time; these differ before, at and
 // after such a boundary, by case only, by a NUL unit, or by ending early.
 TEST(ParamSort, LongValuesCompareUnitByUnitToTheirEnd) {
@@ -220,7 +152,7 @@ TEST(ParamCopy, KeepsAutomaticNamesAndNumberedFlags) {
   EXPECT_EQ(Dump(target), Dump(source));
   EXPECT_EQ(target.GetId().name, u"");
 
-  const std::int64_t next = NextAutomaticNumber();
+  const std::uint64_t next = NextAppendedNumber();
   EXPECT_EQ(target.AppendNumbered()->GetId().name, AutomaticName(next));
 }
 

@@ -17,11 +17,8 @@ struct DecodeCase {
 
 // Line breaks in every arrangement; the end-to-end cases cover the fields.
 const DecodeCase kDecodeCases[] = {
-    {"urlparams keeps percent forms", DecodeUrlParams, u"a=%41&", "{{Name=\"a\" Value=\"%41\"} {Name=\"\" Value=\"\"}}"},
-    {"csvline reads the first line only", DecodeCsvLine, u"a,b\r\nc,d", "{\"a\" \"b\"}"},
     {"csvlines LF CR is two breaks", DecodeCsvLines, u"a\n\rb", "{{\"a\"} {\"\"} {\"b\"}}"},
     {"csvlines empty line", DecodeCsvLines, u"a\r\n\r\nb", "{{\"a\"} {\"\"} {\"b\"}}"},
-    {"csvlines trailing break adds nothing", DecodeCsvLines, u"a\r\n", "{{\"a\"}}"},
     {"csvlines unclosed quote", DecodeCsvLines, u"a\n\"b\nc", "{{\"a\"} {\"b\nc\"}}"},
     {"tsvline keeps line ends", DecodeTsvLine, u"a\r\nb", "{\"a\r\nb\"}"},
     {"tsvlines LF CR is two breaks", DecodeTsvLines, u"a\n\rb", "{{\"a\"} {\"\"} {\"b\"}}"},

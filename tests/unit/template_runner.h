@@ -7,6 +7,17 @@
 #include "engine/process_context.h"
 #include "text/utf8.h"
 
+// The end of a report line about the template given as text, and the lines
+// that the call at that place adds when its processing or its set-up fails.
+#define AT(line, column) " at line " #line ", column " #column ", re-processed content"
+#define CALL_FAILED(function, line, column) "\n- Error processing function \"" function "\"" AT(line, column)
+#define SETUP_FAILED(function, line, column) "\n- Error setting up \"" function "\" functie" AT(line, column)
+// The report of a call at line 1, column 4 that lacks an argument, or gets it
+// as a flag at `column` where a value is needed.
+#define ARG_MISSING(argument, function) "- Argument \"" argument "\" is missing" AT(1, 4) CALL_FAILED(function, 1, 4)
+#define ARG_WITHOUT_VALUE(argument, column, function) \
+  "- Argument \"" argument "\" is missing a value" AT(1, column) CALL_FAILED(function, 1, 4)
+
 namespace NScrivolt {
 
 struct TemplateRun {

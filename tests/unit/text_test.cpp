@@ -49,7 +49,6 @@ TEST(CTextReplace, FillsPlaceholdersWithoutExpandingInsertedValues) {
       {u"no placeholder", u"[X]", u"v", true, u"no placeholder"},
       {u"[x] is not [X]", u"[X]", u"v", true, u"[x] is not v"},
       {u"[X]", u"[X]", u"", true, u""},
-      {u"a[X]b[X]c", u"[X]", u"-", false, u"a-b-c"},
   };
   for (const ReplaceCase& c : cases) {
     CText text(c.text);
@@ -127,20 +126,6 @@ TEST(ReplaceAll, NeverRescansReplacements) {
   EXPECT_EQ(ReplaceAll(u"banana", u"a", u"aa"), u"baanaanaa");
   EXPECT_EQ(ReplaceAll(u"<#<#<#", u"<#<#", u"<#"), u"<#<#");
   EXPECT_EQ(ReplaceAll(u"abc", u"", u"x"), u"abc");
-}
-
-TEST(Utf8, RoundTripAndMalformedInput) {
-  const WString text = u"a\u00e9\u20ac\U0001F600";
-  EXPECT_EQ(Utf8ToWide(WideToUtf8(text)), text);
-  WString strict;
-  EXPECT_FALSE(AppendUtf8AsWide("a\xC3", strict, true));
-  EXPECT_TRUE(strict.empty());
-  EXPECT_FALSE(AppendUtf8AsWide("\xC0\xAF", strict, true));  // overlong
-  EXPECT_FALSE(AppendUtf8AsWide("\xED\xA0\x80", strict, true));  // surrogate
-  EXPECT_EQ(Utf8ToWide("a\xFF" "b"), u"a\uFFFDb");
-  bool replaced = false;
-  EXPECT_EQ(WideToUtf8(WString(1, WChar(0xD800)), &replaced), "\xEF\xBF\xBD");
-  EXPECT_TRUE(replaced);
 }
 
 }  // namespace

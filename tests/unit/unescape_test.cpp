@@ -19,8 +19,6 @@ TEST(UnescapeText, UndoublesScriptMarkersOpenersFirst) {
       {u"#>#>", u"#>"},
       {u"<#<#<#", u"<#<#"},
       {u"<#<#<#<#", u"<#<#"},
-      {u"a#>#>#>b", u"a#>#>b"},
-      {u"Price: 5 <#<# not a script #>#>", u"Price: 5 <# not a script #>"},
       // The first replacement joins "#<#" and ">#>" into "#<#>#>", whose
       // "#>#>" the second replacement then undoubles.
       {u"#<#<#>#>", u"#<#>"},

