@@ -102,6 +102,12 @@ WString EvaluateOption(const CFunction& function, const CParsePart& part, WStrin
                        CProcessContext& context, std::initializer_list<WStringView> keywords,
                        int& choice);
 
+// Error 40098 at the call: the argument `displayName` is missing.
+WString ArgumentMissingError(const CFunction& function, WStringView displayName);
+
+// Error 40124 at `argument`: its evaluated text `text` names no option.
+WString UnknownOptionError(const CParsePart& argument, WStringView text);
+
 // Error 40116 for a parameter that a function looked for and did not find:
 // [PARAM] is the evaluated text, [ARG] the argument's written name, located
 // at the argument.

@@ -48,10 +48,7 @@ WString CFunctionExternalFile::EvaluateFileEncoding(CProcessContext& context, En
   WString name;
   WString errorText = EvaluateText(*this, fileEncoding_, u"FileEncoding", context, false, name);
   if (!errorText.empty()) return errorText;
-  if (!ParseEncodingName(name, type, isExplicit)) {
-    AddError(errorText, CText(MsgUnknownOption).Fill({{u"[OPT]", name}, {u"[ARG]", fileEncoding_->Name()}}),
-             fileEncoding_->Location());
-  }
+  if (!ParseEncodingName(name, type, isExplicit)) errorText = UnknownOptionError(*fileEncoding_, name);
   return errorText;
 }
 

@@ -4,11 +4,9 @@
 #include <utility>
 #include <vector>
 
-#include "engine/error_report.h"
 #include "engine/function_factory.h"
 #include "engine/functions/param_tree_walks.h"
 #include "engine/process_context.h"
-#include "text/text.h"
 
 namespace NScrivolt {
 
@@ -95,10 +93,7 @@ WString CFunctionAddSubParams::Execute(CProcessContext& context, WString&) {
   CParamQualifier target;
   WString errorText = EvaluateTarget(*this, param_, context, target);
   if (!errorText.empty()) return errorText;
-  if (values_.empty()) {
-    AddError(errorText, CText(MsgArgumentMissing).Replace(u"[ARG]", u"Value"), CallPart().Location());
-    return errorText;
-  }
+  if (values_.empty()) return ArgumentMissingError(*this, u"Value");
   for (const CParsePartRef& part : values_) {
     CParam value;
     errorText = EvaluateParam(*this, part.Get(), u"Value", context, false, value);
