@@ -17,6 +17,14 @@ WString CFunction::Execute(CProcessContext&, WString&) { return WString(); }
 
 int CFunction::AcceptArgument(const WString&, const CParsePartRef&) { return kArgumentUnknown; }
 
+void AppendResult(WString& output, WString&& result) {
+  if (output.empty()) {
+    output = std::move(result);
+  } else {
+    output += result;
+  }
+}
+
 int BindArgument(ArgumentSlot& slot, const CParsePartRef& part) {
   if (slot != nullptr) return kArgumentGivenTwice;
   slot = part.Get();

@@ -55,6 +55,10 @@ class CFunction {
   const CParsePart* call_ = nullptr;
 };
 
+// Appends a function's result to what the output already holds, without a
+// copy when there is nothing before it.
+void AppendResult(WString& output, WString&& result);
+
 // Stores `part` in an empty slot (kArgumentAccepted) or refuses a second one.
 int BindArgument(ArgumentSlot& slot, const CParsePartRef& part);
 // Appends a repeatable argument; always accepted.
