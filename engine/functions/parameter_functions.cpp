@@ -54,7 +54,8 @@ int CFunctionUnset::AcceptArgument(const WString& name, const CParsePartRef& par
 WString CFunctionUnset::Execute(CProcessContext& context, WString&) {
   CParamQualifier target;
   WString errorText = EvaluateTarget(*this, param_, context, target);
-  if (errorText.empty() && FindExisting(context, target) != nullptr) context.Root().DeleteParam(target);
+  // DeleteParam leaves a missing parameter alone.
+  if (errorText.empty()) context.Root().DeleteParam(target);
   return errorText;
 }
 
@@ -138,7 +139,9 @@ int CFunctionUnsetSubParams::AcceptArgument(const WString& name, const CParsePar
 WString CFunctionUnsetSubParams::Execute(CProcessContext& context, WString&) {
   CParamQualifier target;
   WString errorText = EvaluateTarget(*this, param_, context, target);
-  if (errorText.empty() && FindExisting(context, target) != nullptr) context.Root().FindParam(target)->ClearChildren();
+  if (!errorText.empty()) return errorText;
+  // Without creation the lookup changes nothing when the parameter is missing.
+  if (CParam* found = context.Root().FindParam(target)) found->ClearChildren();
   return errorText;
 }
 
@@ -210,8 +213,9 @@ WString CFunctionSortSubParams::Execute(CProcessContext& context, WString&) {
   bool descending = false;
   if (errorText.empty()) errorText = EvaluateOrder(context, order, descending);
   if (!errorText.empty()) return errorText;
-  if (FindExisting(context, qualifier) == nullptr) return ParamNotSetError(*param_, text);
-  SortSubtree(*context.Root().FindParam(qualifier), order, descending, recurse_ != nullptr);
+  CParam* found = context.Root().FindParam(qualifier);
+  if (found == nullptr) return ParamNotSetError(*param_, text);
+  SortSubtree(*found, order, descending, recurse_ != nullptr);
   return errorText;
 }
 
