@@ -26,8 +26,6 @@ WString ReplaceSteps(WStringView text, std::initializer_list<ReplaceStep> steps)
 
 bool Contains(WStringView text, WChar c) { return text.find(c) != WStringView::npos; }
 
-bool IsBlank(WChar c) { return c == u' ' || c == u'\t'; }
-
 }  // namespace
 
 // One pass gives the same text as the five steps: no entity holds a
