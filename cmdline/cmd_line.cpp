@@ -6,12 +6,6 @@
 
 namespace NScrivolt {
 
-namespace {
-
-bool IsBlank(WChar c) { return c == u' ' || c == u'\t'; }
-
-}  // namespace
-
 CCmdLine::CCmdLine(Platform::SwitchSyntax syntax) : syntax_(syntax) {}
 
 void CCmdLine::Reset() {

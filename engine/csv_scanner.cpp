@@ -8,8 +8,6 @@ namespace {
 
 constexpr WChar kQuote = u'"';
 
-bool IsBlank(WChar c) { return c == u' ' || c == u'\t'; }
-
 bool IsSeparatorOrLineEnd(WChar c) { return c == u',' || c == u'\r' || c == u'\n'; }
 
 class CCsvRecordReader {

@@ -2,15 +2,17 @@
 
 namespace NScrivolt {
 
+// Fill puts each value where its placeholder stood in the message, so a
+// message or context that itself holds "[LINE]" or "[ERROR]" cannot be
+// taken for the line's own.
 void AddError(WString& errorText, const CText& message, const ParseLocation& location) {
-  // Filled from the last placeholder to the first: each value then lands
-  // behind every placeholder still to be filled, so a message or context that
-  // itself holds "[LINE]" or "[ERROR]" cannot be taken for the line's own.
+  const WString lineNumber = IntegerToText(std::int64_t(location.line));
+  const WString columnNumber = IntegerToText(std::int64_t(location.column));
   CText line(MsgErrorLine);
-  line.Replace(u"[CONTEXT]", WStringView(location.context));
-  line.Replace(u"[COLUMN]", WStringView(IntegerToText(std::int64_t(location.column))));
-  line.Replace(u"[LINE]", WStringView(IntegerToText(std::int64_t(location.line))));
-  line.Replace(u"[ERROR]", message);
+  line.Fill({{u"[ERROR]", message.str()},
+             {u"[LINE]", lineNumber},
+             {u"[COLUMN]", columnNumber},
+             {u"[CONTEXT]", location.context}});
   if (!errorText.empty()) errorText += u"\r\n";
   errorText += line.str();
 }

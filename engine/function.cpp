@@ -17,6 +17,14 @@ WString CFunction::Execute(CProcessContext&, WString&) { return WString(); }
 
 int CFunction::AcceptArgument(const WString&, const CParsePartRef&) { return kArgumentUnknown; }
 
+void AppendResult(WString& output, WString&& result) {
+  if (output.empty()) {
+    output = std::move(result);
+  } else {
+    output += result;
+  }
+}
+
 int BindArgument(ArgumentSlot& slot, const CParsePartRef& part) {
   if (slot != nullptr) return kArgumentGivenTwice;
   slot = part.Get();
@@ -99,7 +107,7 @@ const CParam* FindReferenced(const CParsePart& part, CProcessContext& context, W
 bool CheckPresence(const CFunction& function, const CParsePart* part, WStringView displayName, bool allowFlag,
                    WString& errorText) {
   if (part == nullptr) {
-    AddArgumentError(errorText, MsgArgumentMissing, displayName, function.CallPart());
+    errorText = ArgumentMissingError(function, displayName);
     return false;
   }
   if (part->Kind() == PartKind::ArgFlag) {
@@ -168,7 +176,19 @@ WString EvaluateOption(const CFunction& function, const CParsePart& part, WStrin
     if (EqualsIgnoreCase(text, keyword)) return errorText;
     ++choice;
   }
-  AddError(errorText, CText(MsgUnknownOption).Fill({{u"[OPT]", text}, {u"[ARG]", part.Name()}}), part.Location());
+  return UnknownOptionError(part, text);
+}
+
+WString ArgumentMissingError(const CFunction& function, WStringView displayName) {
+  WString errorText;
+  AddArgumentError(errorText, MsgArgumentMissing, displayName, function.CallPart());
+  return errorText;
+}
+
+WString UnknownOptionError(const CParsePart& argument, WStringView text) {
+  WString errorText;
+  AddError(errorText, CText(MsgUnknownOption).Fill({{u"[OPT]", text}, {u"[ARG]", argument.Name()}}),
+           argument.Location());
   return errorText;
 }
 

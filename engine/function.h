@@ -55,6 +55,10 @@ class CFunction {
   const CParsePart* call_ = nullptr;
 };
 
+// Appends a function's result to what the output already holds, without a
+// copy when there is nothing before it.
+void AppendResult(WString& output, WString&& result);
+
 // Stores `part` in an empty slot (kArgumentAccepted) or refuses a second one.
 int BindArgument(ArgumentSlot& slot, const CParsePartRef& part);
 // Appends a repeatable argument; always accepted.
@@ -101,6 +105,12 @@ WString EvaluateParam(const CFunction& function, const CParsePart* part, WString
 WString EvaluateOption(const CFunction& function, const CParsePart& part, WStringView displayName,
                        CProcessContext& context, std::initializer_list<WStringView> keywords,
                        int& choice);
+
+// Error 40098 at the call: the argument `displayName` is missing.
+WString ArgumentMissingError(const CFunction& function, WStringView displayName);
+
+// Error 40124 at `argument`: its evaluated text `text` names no option.
+WString UnknownOptionError(const CParsePart& argument, WStringView text);
 
 // Error 40116 for a parameter that a function looked for and did not find:
 // [PARAM] is the evaluated text, [ARG] the argument's written name, located

@@ -134,11 +134,7 @@ WString EvaluateParts(const CParsePart& part, CProcessContext& context, WString&
       AddError(errorText, CText(MsgErrorProcessingFunction).Replace(u"[FUNC]", child->Name()), child->Location());
       break;
     }
-    if (output.empty()) {
-      output = std::move(result);
-    } else {
-      output += result;
-    }
+    AppendResult(output, std::move(result));
   }
   LeaveNesting(context);
   return errorText;

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <initializer_list>
 
+#include "text/digit_set.h"
 #include "xml/xml_entities.h"
 
 namespace NScrivolt {
@@ -25,8 +26,6 @@ WString ReplaceSteps(WStringView text, std::initializer_list<ReplaceStep> steps)
 }
 
 bool Contains(WStringView text, WChar c) { return text.find(c) != WStringView::npos; }
-
-bool IsBlank(WChar c) { return c == u' ' || c == u'\t'; }
 
 }  // namespace
 
@@ -84,13 +83,6 @@ constexpr std::array<bool, 256> kPercentEncoded = MakePercentTable();
 
 constexpr WChar kLowerHexDigits[] = u"0123456789abcdef";
 
-int HexValue(WChar c) {
-  if (c >= u'0' && c <= u'9') return c - u'0';
-  if (c >= u'a' && c <= u'f') return c - u'a' + 10;
-  if (c >= u'A' && c <= u'F') return c - u'A' + 10;
-  return -1;
-}
-
 // A unit read as a signed 16-bit number: 32768 and up are negative.
 std::int32_t SignedUnit(WChar c) { return c < 32768 ? std::int32_t(c) : std::int32_t(c) - 65536; }
 
@@ -114,9 +106,10 @@ WString UrlEncode(WStringView text) {
 WString UrlDecode(WStringView text) {
   WString result;
   result.reserve(text.size());
+  const CDigitSet& hex = HexDigits();
   for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == u'%' && i + 2 < text.size() && HexValue(text[i + 1]) >= 0 && HexValue(text[i + 2]) >= 0) {
-      result += WChar(HexValue(text[i + 1]) * 16 + HexValue(text[i + 2]));
+    if (text[i] == u'%' && i + 2 < text.size() && hex.ValueOf(text[i + 1]) >= 0 && hex.ValueOf(text[i + 2]) >= 0) {
+      result += WChar(hex.ValueOf(text[i + 1]) * 16 + hex.ValueOf(text[i + 2]));
       i += 2;
     } else {
       result += text[i];

@@ -61,14 +61,16 @@ CText& CText::operator+=(WStringView text) {
 
 CText& CText::operator+=(const CText& text) { return *this += WStringView(text.text_); }
 
+// Every occurrence goes through ReplaceAll, which builds the result once
+// instead of shifting the rest of the text at each replacement.
 CText& CText::Replace(WStringView placeholder, WStringView value, bool firstOnly) {
   if (placeholder.empty()) return *this;
-  size_t position = 0;
-  while ((position = text_.find(placeholder, position)) != WString::npos) {
-    text_.replace(position, placeholder.size(), value);
-    position += value.size();
-    if (firstOnly) break;
+  if (!firstOnly) {
+    text_ = ReplaceAll(text_, placeholder, value);
+    return *this;
   }
+  const size_t position = text_.find(placeholder);
+  if (position != WString::npos) text_.replace(position, placeholder.size(), value);
   return *this;
 }
 

@@ -16,6 +16,9 @@ using WStringView = std::u16string_view;
 constexpr WChar LowerAscii(WChar c) { return (c >= u'A' && c <= u'Z') ? WChar(c + 32) : c; }
 constexpr WChar UpperAscii(WChar c) { return (c >= u'a' && c <= u'z') ? WChar(c - 32) : c; }
 
+// A space or a tab: what separates command-line tokens and surrounds CSV fields.
+constexpr bool IsBlank(WChar c) { return c == u' ' || c == u'\t'; }
+
 WString ToLowerAscii(WStringView text);
 WString ToUpperAscii(WStringView text);
 bool EqualsIgnoreCase(WStringView a, WStringView b);

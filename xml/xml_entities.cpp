@@ -1,5 +1,7 @@
 #include "xml/xml_entities.h"
 
+#include "text/digit_set.h"
+
 namespace NScrivolt {
 
 namespace {
@@ -24,14 +26,6 @@ const NamedEntity* EntityFor(WChar c) {
 
 constexpr char32_t kLastCodePoint = 0x10FFFF;
 
-int DigitValue(WChar c, int base) {
-  int value = -1;
-  if (c >= u'0' && c <= u'9') value = c - u'0';
-  else if (c >= u'a' && c <= u'f') value = c - u'a' + 10;
-  else if (c >= u'A' && c <= u'F') value = c - u'A' + 10;
-  return value < base ? value : -1;
-}
-
 void AppendCodePoint(char32_t code, WString& out) {
   if (code <= 0xFFFF) {
     out.push_back(WChar(code));
@@ -48,15 +42,18 @@ void AppendCodePoint(char32_t code, WString& out) {
 std::size_t DecodeReference(WStringView text, WString& out) {
   if (text.size() > 1 && text[1] == u'#') {
     std::size_t at = 2;
-    int base = 10;
+    const CDigitSet* digits = &DecimalDigits();
     if (at < text.size() && (text[at] == u'x' || text[at] == u'X')) {
-      base = 16;
+      digits = &HexDigits();
       ++at;
     }
+    const auto base = char32_t(digits->digits.size());
     const std::size_t digitsStart = at;
     char32_t code = 0;
-    for (; at < text.size() && DigitValue(text[at], base) >= 0; ++at) {
-      code = code * base + char32_t(DigitValue(text[at], base));
+    for (; at < text.size(); ++at) {
+      const int digit = digits->ValueOf(text[at]);
+      if (digit < 0) break;
+      code = code * base + char32_t(digit);
       if (code > kLastCodePoint) return 0;
     }
     if (at == digitsStart || at >= text.size() || text[at] != u';') return 0;

@@ -3,24 +3,10 @@
 #include <utility>
 
 #include "engine/codec_formats.h"
-#include "engine/error_report.h"
 #include "engine/function_factory.h"
 #include "engine/process_context.h"
-#include "text/text.h"
 
 namespace NScrivolt {
-
-namespace {
-
-// Error 40124 for a format keyword, at the argument that gave it.
-WString UnknownFormatError(const CParsePart& argument, WStringView keyword) {
-  WString errorText;
-  AddError(errorText, CText(MsgUnknownOption).Fill({{u"[OPT]", keyword}, {u"[ARG]", argument.Name()}}),
-           argument.Location());
-  return errorText;
-}
-
-}  // namespace
 
 // --- decode --------------------------------------------------------------------
 
@@ -42,7 +28,7 @@ WString CFunctionDecode::Execute(CProcessContext& context, WString& output) {
   if (to_ != nullptr) context.Root().FindParam(target, true)->Clear();
 
   const CCodecFormat* format = FindCodecFormat(keyword);
-  if (format == nullptr) return UnknownFormatError(*from_, keyword);
+  if (format == nullptr) return UnknownOptionError(*from_, keyword);
   if (!format->IsStructured()) {
     WString text = format->decodeText(what);
     if (to_ != nullptr) {
@@ -52,10 +38,7 @@ WString CFunctionDecode::Execute(CProcessContext& context, WString& output) {
     }
     return errorText;
   }
-  if (to_ == nullptr) {
-    AddError(errorText, CText(MsgArgumentMissing).Replace(u"[ARG]", u"To"), CallPart().Location());
-    return errorText;
-  }
+  if (to_ == nullptr) return ArgumentMissingError(*this, u"To");
   return format->decodeTree(what, *context.Root().FindParam(target, true));
 }
 
@@ -75,7 +58,7 @@ WString CFunctionEncode::Execute(CProcessContext& context, WString& output) {
   if (!errorText.empty()) return errorText;
 
   const CCodecFormat* format = FindCodecFormat(keyword);
-  if (format == nullptr) return UnknownFormatError(*for_, keyword);
+  if (format == nullptr) return UnknownOptionError(*for_, keyword);
   if (!format->IsStructured()) {
     output += format->encodeText(what.GetValue());
     return errorText;

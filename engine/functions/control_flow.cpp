@@ -227,12 +227,13 @@ WString CFunctionGate::EvaluateFunctionNames(CProcessContext& context, std::vect
 namespace {
 
 // Carries the listed parameters' live state into the snapshot: copied when
-// they exist, removed from the snapshot when they do not.
+// they exist, removed from the snapshot when they do not (DeleteParam leaves
+// a parameter the snapshot lacks too alone).
 void KeepParams(const CParam& live, CParam& snapshot, const std::vector<CParamQualifier>& params) {
   for (const CParamQualifier& qualifier : params) {
     if (const CParam* current = live.FindParam(qualifier)) {
       snapshot.FindParam(qualifier, true)->CopyFrom(*current);
-    } else if (std::as_const(snapshot).FindParam(qualifier) != nullptr) {
+    } else {
       snapshot.DeleteParam(qualifier);
     }
   }

@@ -12,16 +12,6 @@ namespace NScrivolt {
 
 namespace {
 
-// A function's result joins what the output already holds, without a copy
-// when there is nothing before it.
-void AppendResult(WString& output, WString&& result) {
-  if (output.empty()) {
-    output = std::move(result);
-  } else {
-    output += result;
-  }
-}
-
 // Runs a source into the function's output: evaluated as a template against
 // the caller's parameters and user functions, or copied as it is.
 WString ProcessIntoOutput(CProcessContext& context, CContentSource& source, bool evaluate, WString& output) {
@@ -48,10 +38,7 @@ WString CFunctionExternalFile::EvaluateFileEncoding(CProcessContext& context, En
   WString name;
   WString errorText = EvaluateText(*this, fileEncoding_, u"FileEncoding", context, false, name);
   if (!errorText.empty()) return errorText;
-  if (!ParseEncodingName(name, type, isExplicit)) {
-    AddError(errorText, CText(MsgUnknownOption).Fill({{u"[OPT]", name}, {u"[ARG]", fileEncoding_->Name()}}),
-             fileEncoding_->Location());
-  }
+  if (!ParseEncodingName(name, type, isExplicit)) errorText = UnknownOptionError(*fileEncoding_, name);
   return errorText;
 }
 

@@ -4,11 +4,9 @@
 #include <utility>
 #include <vector>
 
-#include "engine/error_report.h"
 #include "engine/function_factory.h"
 #include "engine/functions/param_tree_walks.h"
 #include "engine/process_context.h"
-#include "text/text.h"
 
 namespace NScrivolt {
 
@@ -56,7 +54,8 @@ int CFunctionUnset::AcceptArgument(const WString& name, const CParsePartRef& par
 WString CFunctionUnset::Execute(CProcessContext& context, WString&) {
   CParamQualifier target;
   WString errorText = EvaluateTarget(*this, param_, context, target);
-  if (errorText.empty() && FindExisting(context, target) != nullptr) context.Root().DeleteParam(target);
+  // DeleteParam leaves a missing parameter alone.
+  if (errorText.empty()) context.Root().DeleteParam(target);
   return errorText;
 }
 
@@ -95,10 +94,7 @@ WString CFunctionAddSubParams::Execute(CProcessContext& context, WString&) {
   CParamQualifier target;
   WString errorText = EvaluateTarget(*this, param_, context, target);
   if (!errorText.empty()) return errorText;
-  if (values_.empty()) {
-    AddError(errorText, CText(MsgArgumentMissing).Replace(u"[ARG]", u"Value"), CallPart().Location());
-    return errorText;
-  }
+  if (values_.empty()) return ArgumentMissingError(*this, u"Value");
   for (const CParsePartRef& part : values_) {
     CParam value;
     errorText = EvaluateParam(*this, part.Get(), u"Value", context, false, value);
@@ -143,7 +139,9 @@ int CFunctionUnsetSubParams::AcceptArgument(const WString& name, const CParsePar
 WString CFunctionUnsetSubParams::Execute(CProcessContext& context, WString&) {
   CParamQualifier target;
   WString errorText = EvaluateTarget(*this, param_, context, target);
-  if (errorText.empty() && FindExisting(context, target) != nullptr) context.Root().FindParam(target)->ClearChildren();
+  if (!errorText.empty()) return errorText;
+  // Without creation the lookup changes nothing when the parameter is missing.
+  if (CParam* found = context.Root().FindParam(target)) found->ClearChildren();
   return errorText;
 }
 
@@ -215,8 +213,9 @@ WString CFunctionSortSubParams::Execute(CProcessContext& context, WString&) {
   bool descending = false;
   if (errorText.empty()) errorText = EvaluateOrder(context, order, descending);
   if (!errorText.empty()) return errorText;
-  if (FindExisting(context, qualifier) == nullptr) return ParamNotSetError(*param_, text);
-  SortSubtree(*context.Root().FindParam(qualifier), order, descending, recurse_ != nullptr);
+  CParam* found = context.Root().FindParam(qualifier);
+  if (found == nullptr) return ParamNotSetError(*param_, text);
+  SortSubtree(*found, order, descending, recurse_ != nullptr);
   return errorText;
 }
 

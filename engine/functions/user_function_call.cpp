@@ -2,9 +2,7 @@
 
 #include <utility>
 
-#include "engine/error_report.h"
 #include "engine/process_context.h"
-#include "text/text.h"
 
 namespace NScrivolt {
 
@@ -73,8 +71,7 @@ WString CFunctionUserFunction::EvaluateArgument(CProcessContext& context, Entry&
   WString errorText;
   if (entry.parts.empty()) {
     if (entry.kind == ArgumentKind::Arg || entry.kind == ArgumentKind::MultiArg) {
-      AddError(errorText, CText(MsgArgumentMissing).Replace(u"[ARG]", WStringView(entry.param.name)),
-               CallPart().Location());
+      errorText = ArgumentMissingError(*this, entry.param.name);
     } else if (entry.kind != ArgumentKind::OptArg) {
       entry.newValue = std::make_unique<CParam>();
     }

@@ -45,10 +45,7 @@ WString CFunctionMakeFunction::Execute(CProcessContext& context, WString&) {
   WString lowerName;
   WString errorText = EvaluateFunctionName(*this, name_, context, name, lowerName);
   if (!errorText.empty()) return errorText;
-  if (!content_) {
-    AddError(errorText, CText(MsgArgumentMissing).Replace(u"[ARG]", u"Content"), CallPart().Location());
-    return errorText;
-  }
+  if (!content_) return ArgumentMissingError(*this, u"Content");
   CUserFunctionRef definition = CUserFunctionRef::Make();
   definition->name = std::move(name);
   definition->body = content_;
