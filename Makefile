@@ -1,7 +1,7 @@
 # The two commands of the README:
 #   make demo   builds the Linux program and runs the letter example
 #   make test   installs what is missing, builds both targets, runs every test
-.PHONY: demo test deps linux linux-asan windows unit asan-unit windows-unit e2e windows-e2e bench fuzz clean
+.PHONY: demo test deps layers linux linux-asan windows unit asan-unit windows-unit e2e windows-e2e bench fuzz clean
 
 JOBS ?= $(shell nproc)
 
@@ -26,6 +26,9 @@ windows:
 	cmake --preset windows >/dev/null
 	cmake --build build/windows -j $(JOBS)
 
+layers:
+	./tests/layers/check_includes.sh
+
 unit: linux
 	./build/linux/tests/scrivolt_tests --gtest_brief=1
 
@@ -42,6 +45,7 @@ windows-e2e: windows
 	./scripts/test_windows.sh build/windows --e2e
 
 test: deps
+	$(MAKE) layers
 	$(MAKE) unit
 	$(MAKE) asan-unit
 	$(MAKE) windows-unit

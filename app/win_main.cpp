@@ -9,7 +9,7 @@
 #include "cmdline/command_line_arguments.h"
 #include "cmdline/unexpected_error.h"
 #include "platform/win32/process_command_line.h"
-#include "text/utf8.h"
+#include "text/base/utf8.h"
 
 namespace {
 

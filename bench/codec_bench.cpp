@@ -21,7 +21,7 @@
 #include "engine/content_stream.h"
 #include "engine/process.h"
 #include "engine/process_context.h"
-#include "text/utf8.h"
+#include "text/base/utf8.h"
 
 namespace {
 

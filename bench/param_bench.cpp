@@ -6,7 +6,7 @@
 #include <cstdio>
 #include <vector>
 
-#include "engine/param.h"
+#include "engine/params/param.h"
 
 using namespace NScrivolt;
 

@@ -13,8 +13,8 @@
 #include <string>
 #include <vector>
 
-#include "engine/parser.h"
-#include "text/utf8.h"
+#include "engine/syntax/parser.h"
+#include "text/base/utf8.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include "cmdline/cmd_line_entry.h"
 #include "cmdline/switch_processor.h"
 #include "platform/switch_syntax.h"
-#include "text/wide_string.h"
+#include "text/base/wide_string.h"
 
 namespace NScrivolt {
 

@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "text/wide_string.h"
+#include "text/base/wide_string.h"
 
 namespace NScrivolt {
 

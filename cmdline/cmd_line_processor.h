@@ -16,7 +16,7 @@
 #include "cmdline/switch_processor.h"
 #include "engine/process_context.h"
 #include "platform/switch_syntax.h"
-#include "text/wide_string.h"
+#include "text/base/wide_string.h"
 
 namespace NScrivolt {
 

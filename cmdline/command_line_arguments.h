@@ -2,7 +2,7 @@
 // program name.
 #pragma once
 
-#include "text/wide_string.h"
+#include "text/base/wide_string.h"
 
 namespace NScrivolt {
 

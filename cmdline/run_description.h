@@ -4,7 +4,7 @@
 #pragma once
 
 #include "text/encoding.h"
-#include "text/wide_string.h"
+#include "text/base/wide_string.h"
 
 namespace NScrivolt {
 

@@ -5,7 +5,7 @@
 #include <cstdint>
 
 #include "platform/message_box.h"
-#include "text/wide_string.h"
+#include "text/base/wide_string.h"
 
 namespace NScrivolt {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "cmdline/cmd_line_entry.h"
-#include "text/wide_string.h"
+#include "text/base/wide_string.h"
 
 namespace NScrivolt {
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "platform/switch_syntax.h"
-#include "text/wide_string.h"
+#include "text/base/wide_string.h"
 
 namespace NScrivolt {
 

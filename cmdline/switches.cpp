@@ -4,7 +4,7 @@
 
 #include "cmdline/cmd_line_processor.h"
 #include "cmdline/switch_table.h"
-#include "engine/param_qualifier.h"
+#include "engine/params/param_qualifier.h"
 #include "text/text.h"
 
 namespace NScrivolt {

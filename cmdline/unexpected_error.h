@@ -1,7 +1,7 @@
 // The last resort of an entry point: an exception nobody handled.
 #pragma once
 
-#include "text/wide_string.h"
+#include "text/base/wide_string.h"
 
 namespace NScrivolt {
 

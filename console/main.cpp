@@ -12,7 +12,7 @@
 #include "cmdline/unexpected_error.h"
 #include "text/text.h"
 #include "text/usage_text.h"
-#include "text/utf8.h"
+#include "text/base/utf8.h"
 
 namespace {
 

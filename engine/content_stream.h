@@ -6,7 +6,7 @@
 
 #include "engine/file_record.h"
 #include "text/encoding.h"
-#include "text/wide_string.h"
+#include "text/base/wide_string.h"
 
 namespace NScrivolt {
 

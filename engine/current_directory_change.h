@@ -2,7 +2,7 @@
 // object and changes back afterwards, also when the work in between failed.
 #pragma once
 
-#include "text/wide_string.h"
+#include "text/base/wide_string.h"
 
 namespace NScrivolt {
 

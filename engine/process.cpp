@@ -4,10 +4,10 @@
 #include <utility>
 
 #include "engine/current_directory_change.h"
-#include "engine/error_report.h"
-#include "engine/function.h"
-#include "engine/parser.h"
-#include "engine/unescape.h"
+#include "engine/syntax/error_report.h"
+#include "engine/functions/function.h"
+#include "engine/syntax/parser.h"
+#include "engine/syntax/unescape.h"
 #include "text/file_io.h"
 #include "text/text.h"
 

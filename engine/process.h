@@ -4,7 +4,7 @@
 
 #include "engine/content_stream.h"
 #include "engine/process_context.h"
-#include "text/wide_string.h"
+#include "text/base/wide_string.h"
 
 namespace NScrivolt {
 

@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "engine/error_report.h"
-#include "engine/parse_part.h"
+#include "engine/syntax/error_report.h"
+#include "engine/syntax/parse_part.h"
 #include "platform/paths.h"
 #include "text/text.h"
 

@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "engine/file_record.h"
-#include "engine/param.h"
+#include "engine/params/param.h"
 #include "engine/user_functions.h"
-#include "text/wide_string.h"
+#include "text/base/wide_string.h"
 
 namespace NScrivolt {
 

@@ -13,7 +13,7 @@
 #include <optional>
 #include <vector>
 
-#include "text/wide_string.h"
+#include "text/base/wide_string.h"
 
 namespace NScrivolt {
 

@@ -12,7 +12,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "text/wide_string.h"
+#include "text/base/wide_string.h"
 
 namespace NScrivolt {
 

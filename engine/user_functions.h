@@ -7,10 +7,10 @@
 #include <map>
 #include <vector>
 
-#include "engine/param_id.h"
-#include "engine/parse_part.h"
+#include "engine/params/param_id.h"
+#include "engine/syntax/parse_part.h"
 #include "engine/ref_counter.h"
-#include "text/wide_string.h"
+#include "text/base/wide_string.h"
 
 namespace NScrivolt {
 

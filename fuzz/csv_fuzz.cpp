@@ -1,8 +1,8 @@
 // Decodes arbitrary text as CSV records; the records encoded and decoded
 // again must be the same records, and a single record read must stop at a
 // line end or at the end of the text.
-#include "engine/csv_scanner.h"
-#include "engine/structured_codecs.h"
+#include "engine/codecs/csv_scanner.h"
+#include "engine/codecs/structured_codecs.h"
 #include "fuzz_check.h"
 
 using namespace NScrivolt;

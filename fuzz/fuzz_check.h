@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
-#include "engine/param.h"
-#include "text/utf8.h"
+#include "engine/params/param.h"
+#include "text/base/utf8.h"
 
 namespace NScrivolt {
 

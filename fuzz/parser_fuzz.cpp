@@ -8,9 +8,9 @@
 #include <cstdlib>
 #include <vector>
 
-#include "engine/char_class.h"
-#include "engine/parser.h"
-#include "engine/unescape.h"
+#include "engine/syntax/char_class.h"
+#include "engine/syntax/parser.h"
+#include "engine/syntax/unescape.h"
 
 namespace {
 

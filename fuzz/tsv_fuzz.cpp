@@ -1,6 +1,6 @@
 // Decodes arbitrary text as TSV records; encoding them and decoding again
 // must give the same records (decoded fields hold no tab or line end).
-#include "engine/structured_codecs.h"
+#include "engine/codecs/structured_codecs.h"
 #include "fuzz_check.h"
 
 using namespace NScrivolt;

@@ -2,8 +2,8 @@
 // of the text itself, and of the names and values of the text read as URL
 // parameters. Also runs the other text decoders over the input and checks
 // that each of them reads back what its encoder wrote.
-#include "engine/structured_codecs.h"
-#include "engine/text_codecs.h"
+#include "engine/codecs/structured_codecs.h"
+#include "engine/codecs/text_codecs.h"
 #include "fuzz_check.h"
 
 using namespace NScrivolt;

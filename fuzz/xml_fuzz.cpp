@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "text/utf8.h"
+#include "text/base/utf8.h"
 #include "xml/xml_parse.h"
 #include "xml/xml_write.h"
 

@@ -1,7 +1,7 @@
 // The process's current directory, which each processing changes and restores.
 #pragma once
 
-#include "text/wide_string.h"
+#include "text/base/wide_string.h"
 
 namespace NScrivolt::Platform {
 

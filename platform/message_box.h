@@ -2,7 +2,7 @@
 // standard error as the title on one line and the text below it.
 #pragma once
 
-#include "text/wide_string.h"
+#include "text/base/wide_string.h"
 
 namespace NScrivolt::Platform {
 

@@ -2,7 +2,7 @@
 // (full paths come back with "\" alone anyway); on POSIX "\" and "/" both do.
 #pragma once
 
-#include "text/wide_string.h"
+#include "text/base/wide_string.h"
 
 namespace NScrivolt::Platform {
 

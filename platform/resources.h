@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "text/wide_string.h"
+#include "text/base/wide_string.h"
 
 namespace NScrivolt::Platform {
 

@@ -1,7 +1,7 @@
 // The two shared digit sets used when numbers are read from text.
 #pragma once
 
-#include "text/wide_string.h"
+#include "text/base/wide_string.h"
 
 namespace NScrivolt {
 

@@ -2,7 +2,7 @@
 // by a carriage return and a line feed.
 #pragma once
 
-#include "text/wide_string.h"
+#include "text/base/wide_string.h"
 
 namespace NScrivolt {
 

@@ -7,7 +7,7 @@
 
 #include "text/message_ids.h"
 #include "text/resource_module.h"
-#include "text/wide_string.h"
+#include "text/base/wide_string.h"
 
 namespace NScrivolt {
 

@@ -2,7 +2,7 @@
 // platform without a help viewer.
 #pragma once
 
-#include "text/wide_string.h"
+#include "text/base/wide_string.h"
 
 namespace NScrivolt {
 

@@ -1,7 +1,7 @@
 // Writing a tree of XmlTreeNode back as XML text.
 #pragma once
 
-#include "text/wide_string.h"
+#include "text/base/wide_string.h"
 #include "xml/xml_tree.h"
 
 namespace NScrivolt {

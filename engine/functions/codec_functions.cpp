@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "engine/codec_formats.h"
-#include "engine/function_factory.h"
+#include "engine/codecs/codec_formats.h"
+#include "engine/functions/function_factory.h"
 #include "engine/process_context.h"
 
 namespace NScrivolt {

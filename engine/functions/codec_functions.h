@@ -2,7 +2,7 @@
 // and the escaped or structured forms of other formats, chosen by keyword.
 #pragma once
 
-#include "engine/function.h"
+#include "engine/functions/function.h"
 
 namespace NScrivolt {
 

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "engine/error_report.h"
+#include "engine/syntax/error_report.h"
 #include "engine/process_context.h"
 #include "text/text.h"
 

@@ -12,7 +12,7 @@
 // code unit by code unit ("10" is lower than "9").
 #pragma once
 
-#include "engine/function.h"
+#include "engine/functions/function.h"
 
 namespace NScrivolt {
 

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <utility>
 
-#include "engine/error_report.h"
-#include "engine/function_factory.h"
+#include "engine/syntax/error_report.h"
+#include "engine/functions/function_factory.h"
 #include "engine/process_context.h"
 #include "text/error_text.h"
 #include "text/text.h"

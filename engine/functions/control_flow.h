@@ -11,7 +11,7 @@
 
 #include <vector>
 
-#include "engine/function.h"
+#include "engine/functions/function.h"
 #include "engine/functions/compare.h"
 #include "engine/functions/sort_order.h"
 

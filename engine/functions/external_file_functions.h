@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "engine/content_stream.h"
-#include "engine/function.h"
+#include "engine/functions/function.h"
 #include "text/encoding.h"
 
 namespace NScrivolt {

@@ -6,9 +6,9 @@
 // tree), so none of these recurses: each keeps its own stack on the heap.
 #pragma once
 
-#include "engine/param.h"
-#include "engine/param_order.h"
-#include "text/wide_string.h"
+#include "engine/params/param.h"
+#include "engine/params/param_order.h"
+#include "text/base/wide_string.h"
 
 namespace NScrivolt {
 

@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "engine/function_factory.h"
+#include "engine/functions/function_factory.h"
 #include "engine/functions/param_tree_walks.h"
 #include "engine/process_context.h"
 

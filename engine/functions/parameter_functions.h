@@ -1,7 +1,7 @@
 // Script functions that create, change, inspect, sort and remove parameters.
 #pragma once
 
-#include "engine/function.h"
+#include "engine/functions/function.h"
 #include "engine/functions/sort_order.h"
 
 namespace NScrivolt {

@@ -2,8 +2,8 @@
 // walk sub-parameters in an order ("foreach", "join", "sortsubparams").
 #pragma once
 
-#include "engine/function.h"
-#include "engine/param_order.h"
+#include "engine/functions/function.h"
+#include "engine/params/param_order.h"
 
 namespace NScrivolt {
 

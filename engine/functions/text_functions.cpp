@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "engine/function_factory.h"
+#include "engine/functions/function_factory.h"
 #include "engine/process_context.h"
 #include "engine/text_algorithms.h"
 

@@ -3,7 +3,7 @@
 // in engine/text_algorithms.h.
 #pragma once
 
-#include "engine/function.h"
+#include "engine/functions/function.h"
 #include "engine/functions/sort_order.h"
 
 namespace NScrivolt {

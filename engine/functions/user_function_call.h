@@ -8,7 +8,7 @@
 #include <map>
 #include <memory>
 
-#include "engine/function.h"
+#include "engine/functions/function.h"
 #include "engine/user_functions.h"
 
 namespace NScrivolt {

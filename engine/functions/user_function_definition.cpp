@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "engine/error_report.h"
-#include "engine/function_factory.h"
+#include "engine/syntax/error_report.h"
+#include "engine/functions/function_factory.h"
 #include "engine/process_context.h"
 #include "text/text.h"
 

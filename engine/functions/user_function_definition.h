@@ -4,7 +4,7 @@
 
 #include <array>
 
-#include "engine/function.h"
+#include "engine/functions/function.h"
 #include "engine/user_functions.h"
 
 namespace NScrivolt {

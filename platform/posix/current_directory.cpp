@@ -6,7 +6,7 @@
 #include <string>
 
 #include "platform/paths.h"
-#include "text/utf8.h"
+#include "text/base/utf8.h"
 
 namespace NScrivolt::Platform {
 

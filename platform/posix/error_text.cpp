@@ -3,7 +3,7 @@
 #include <cerrno>
 #include <cstring>
 
-#include "text/utf8.h"
+#include "text/base/utf8.h"
 
 namespace NScrivolt::Platform {
 

@@ -13,7 +13,7 @@
 #include <utility>
 
 #include "platform/paths.h"
-#include "text/utf8.h"
+#include "text/base/utf8.h"
 
 namespace NScrivolt::Platform {
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "text/usage_text.h"
-#include "text/utf8.h"
+#include "text/base/utf8.h"
 
 namespace NScrivolt::Platform {
 

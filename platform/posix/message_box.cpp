@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <string>
 
-#include "text/utf8.h"
+#include "text/base/utf8.h"
 
 namespace NScrivolt::Platform {
 

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "text/wide_string.h"
+#include "text/base/wide_string.h"
 
 namespace NScrivolt::Platform {
 

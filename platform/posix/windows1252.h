@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "text/wide_string.h"
+#include "text/base/wide_string.h"
 
 namespace NScrivolt::Platform {
 

@@ -3,7 +3,7 @@
 #include <climits>
 
 #include "platform/win32/wide_cast.h"
-#include "text/utf8.h"
+#include "text/base/utf8.h"
 
 namespace NScrivolt::Platform {
 

@@ -7,7 +7,7 @@
 
 #include "platform/paths.h"
 #include "platform/win32/wide_cast.h"
-#include "text/wide_string.h"
+#include "text/base/wide_string.h"
 
 namespace NScrivolt::Platform {
 

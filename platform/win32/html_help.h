@@ -3,7 +3,7 @@
 // control library, so a system without it still runs everything else.
 #pragma once
 
-#include "text/wide_string.h"
+#include "text/base/wide_string.h"
 
 namespace NScrivolt::Platform {
 

@@ -1,7 +1,7 @@
 // The command line the process was started with, as one text.
 #pragma once
 
-#include "text/wide_string.h"
+#include "text/base/wide_string.h"
 
 namespace NScrivolt::Platform {
 

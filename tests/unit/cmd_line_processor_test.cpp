@@ -6,7 +6,7 @@
 #include "cmdline/cmd_line_processor.h"
 #include "scratch_folder.h"
 #include "template_runner.h"
-#include "text/utf8.h"
+#include "text/base/utf8.h"
 
 namespace NScrivolt {
 namespace {

@@ -5,7 +5,7 @@
 
 #include "cmdline/cmd_line.h"
 #include "cmdline/command_line_arguments.h"
-#include "text/utf8.h"
+#include "text/base/utf8.h"
 
 namespace NScrivolt {
 namespace {

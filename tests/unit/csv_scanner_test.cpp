@@ -2,8 +2,8 @@
 
 #include <vector>
 
-#include "engine/csv_scanner.h"
-#include "text/utf8.h"
+#include "engine/codecs/csv_scanner.h"
+#include "text/base/utf8.h"
 
 namespace NScrivolt {
 namespace {

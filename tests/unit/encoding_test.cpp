@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "text/encoding.h"
-#include "text/utf8.h"
+#include "text/base/utf8.h"
 #include "unit/hex.h"
 
 namespace NScrivolt {

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "text/file_io.h"
-#include "text/utf8.h"
+#include "text/base/utf8.h"
 #include "unit/ansi_samples.h"
 #include "unit/hex.h"
 #include "unit/scratch_folder.h"

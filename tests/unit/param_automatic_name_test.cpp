@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "engine/param_automatic_name.h"
+#include "engine/params/param_automatic_name.h"
 #include "unit/param_test_util.h"
 
 namespace NScrivolt {

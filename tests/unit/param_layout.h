@@ -7,8 +7,8 @@
 
 #include <string>
 
-#include "engine/param.h"
-#include "text/utf8.h"
+#include "engine/params/param.h"
+#include "text/base/utf8.h"
 
 namespace NScrivolt {
 

@@ -8,9 +8,9 @@
 #include <utility>
 #include <vector>
 
-#include "engine/param.h"
-#include "engine/param_qualifier.h"
-#include "text/utf8.h"
+#include "engine/params/param.h"
+#include "engine/params/param_qualifier.h"
+#include "text/base/utf8.h"
 
 namespace NScrivolt {
 

@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "engine/parser.h"
-#include "text/utf8.h"
-#include "text/wide_string.h"
+#include "engine/syntax/parser.h"
+#include "text/base/utf8.h"
+#include "text/base/wide_string.h"
 
 namespace NScrivolt {
 namespace {

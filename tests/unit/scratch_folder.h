@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-#include "text/wide_string.h"
+#include "text/base/wide_string.h"
 
 namespace NScrivolt::Testing {
 

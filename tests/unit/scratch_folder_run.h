@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "engine/current_directory_change.h"
-#include "text/wide_string.h"
+#include "text/base/wide_string.h"
 #include "unit/scratch_folder.h"
 #include "unit/template_runner.h"
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "engine/structured_codecs.h"
+#include "engine/codecs/structured_codecs.h"
 #include "param_layout.h"
 
 namespace NScrivolt {

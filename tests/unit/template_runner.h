@@ -5,7 +5,7 @@
 #include "engine/content_stream.h"
 #include "engine/process.h"
 #include "engine/process_context.h"
-#include "text/utf8.h"
+#include "text/base/utf8.h"
 
 // The end of a report line about the template given as text, and the lines
 // that the call at that place adds when its processing or its set-up fails.

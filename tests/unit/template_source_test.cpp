@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "engine/template_source.h"
+#include "engine/syntax/template_source.h"
 
 namespace NScrivolt {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "engine/text_algorithms.h"
 #include "engine/text_pattern.h"
-#include "text/utf8.h"
+#include "text/base/utf8.h"
 
 namespace NScrivolt {
 namespace {

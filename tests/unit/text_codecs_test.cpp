@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "engine/text_codecs.h"
-#include "text/utf8.h"
+#include "engine/codecs/text_codecs.h"
+#include "text/base/utf8.h"
 
 namespace NScrivolt {
 namespace {

@@ -5,7 +5,7 @@
 #include "text/digit_set.h"
 #include "text/format.h"
 #include "text/text.h"
-#include "text/utf8.h"
+#include "text/base/utf8.h"
 
 namespace NScrivolt {
 namespace {

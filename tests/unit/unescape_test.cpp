@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "engine/unescape.h"
-#include "text/utf8.h"
+#include "engine/syntax/unescape.h"
+#include "text/base/utf8.h"
 
 namespace NScrivolt {
 namespace {

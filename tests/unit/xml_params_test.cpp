@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "engine/xml_params.h"
+#include "engine/codecs/xml_params.h"
 #include "param_layout.h"
 #include "template_runner.h"
 

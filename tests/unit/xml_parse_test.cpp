@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "text/utf8.h"
+#include "text/base/utf8.h"
 #include "xml/xml_parse.h"
 #include "xml/xml_write.h"
 

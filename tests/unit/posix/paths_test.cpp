@@ -3,7 +3,7 @@
 #include "platform/current_directory.h"
 #include "platform/paths.h"
 #include "text/file_io.h"
-#include "text/utf8.h"
+#include "text/base/utf8.h"
 
 namespace NScrivolt {
 namespace {

@@ -2,7 +2,7 @@
 
 #include "platform/posix/character_set.h"
 #include "platform/posix/windows1252.h"
-#include "text/utf8.h"
+#include "text/base/utf8.h"
 #include "unit/hex.h"
 
 namespace NScrivolt {

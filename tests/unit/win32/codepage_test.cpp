@@ -3,7 +3,7 @@
 #include <windows.h>
 
 #include "text/encoding.h"
-#include "text/utf8.h"
+#include "text/base/utf8.h"
 #include "unit/hex.h"
 
 namespace NScrivolt {

@@ -6,7 +6,7 @@
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "text/file_io.h"
-#include "text/utf8.h"
+#include "text/base/utf8.h"
 #include "unit/scratch_folder.h"
 
 namespace NScrivolt {

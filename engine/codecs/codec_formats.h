@@ -1,0 +1,26 @@
+// The format keywords of encode and decode and the conversion behind each.
+#pragma once
+
+#include "engine/params/param.h"
+#include "text/base/wide_string.h"
+
+namespace NScrivolt {
+
+// A format converts between two texts, or between a text and the
+// sub-parameters of a parameter; exactly one pair of operations is set.
+struct CCodecFormat {
+  WStringView keyword;
+  WString (*encodeText)(WStringView text);
+  WString (*decodeText)(WStringView text);
+  // Structured formats: return the error text; `output` is appended to.
+  WString (*encodeTree)(const CParam& source, WString& output);
+  WString (*decodeTree)(WStringView text, CParam& target);
+
+  bool IsStructured() const { return encodeTree != nullptr; }
+};
+
+// The format whose keyword equals `keyword` ignoring case, trying them in a
+// fixed order; null when there is none.
+const CCodecFormat* FindCodecFormat(WStringView keyword);
+
+}  // namespace NScrivolt

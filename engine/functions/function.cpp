@@ -1,0 +1,214 @@
+#include "engine/functions/function.h"
+
+#include <utility>
+
+#include "engine/syntax/char_class.h"
+#include "engine/syntax/error_report.h"
+#include "engine/functions/function_factory.h"
+#include "engine/functions/user_function_call.h"
+#include "engine/params/param_qualifier.h"
+#include "engine/process.h"
+#include "engine/process_context.h"
+#include "text/text.h"
+
+namespace NScrivolt {
+
+WString CFunction::Execute(CProcessContext&, WString&) { return WString(); }
+
+int CFunction::AcceptArgument(const WString&, const CParsePartRef&) { return kArgumentUnknown; }
+
+void AppendResult(WString& output, WString&& result) {
+  if (output.empty()) {
+    output = std::move(result);
+  } else {
+    output += result;
+  }
+}
+
+int BindArgument(ArgumentSlot& slot, const CParsePartRef& part) {
+  if (slot != nullptr) return kArgumentGivenTwice;
+  slot = part.Get();
+  return kArgumentAccepted;
+}
+
+int AppendArgument(ArgumentList& list, const CParsePartRef& part) {
+  list.push_back(part);
+  return kArgumentAccepted;
+}
+
+namespace {
+
+WString NamedMessage(MessageId id, WStringView placeholder, WStringView value) {
+  return CText(id).Replace(placeholder, value).str();
+}
+
+void AddArgumentError(WString& errorText, MessageId id, WStringView argName, const CParsePart& at) {
+  AddError(errorText, NamedMessage(id, u"[ARG]", argName), at.Location());
+}
+
+}  // namespace
+
+WString CheckFunctionName(WStringView name, const CParsePart& at, WString& lowerName) {
+  WString errorText;
+  if (!IsValidName(name)) {
+    AddError(errorText, NamedMessage(MsgInvalidFunctionName, u"[NAME]", name), at.Location());
+    return errorText;
+  }
+  lowerName = ToLowerAscii(name);
+  return errorText;
+}
+
+WString CreateFunction(WStringView writtenName, const CParsePart& at, const CProcessContext& context,
+                       std::unique_ptr<CFunction>& function) {
+  function.reset();
+  WString lowerName;
+  WString errorText = CheckFunctionName(writtenName, at, lowerName);
+  if (!errorText.empty()) return errorText;
+  if (CUserFunctionRef definition = context.userFunctions.FindDefinition(lowerName)) {
+    function = std::make_unique<CFunctionUserFunction>(std::move(definition));
+  } else {
+    function = MakeBuiltInFunction(lowerName);
+  }
+  if (!function) AddError(errorText, NamedMessage(MsgUnknownFunction, u"[FUNC]", writtenName), at.Location());
+  return errorText;
+}
+
+WString SetUpCall(const CParsePart& call, const CProcessContext& context, std::unique_ptr<CFunction>& function) {
+  WString errorText = CreateFunction(call.Name(), call, context, function);
+  if (!errorText.empty()) return errorText;
+  function->SetCallPart(call);
+  for (const CParsePartRef& argument : call.Children()) {
+    const int code = function->AcceptArgument(ToLowerAscii(argument->Name()), argument);
+    if (code == kArgumentUnknown) AddArgumentError(errorText, MsgUnknownArgument, argument->Name(), *argument);
+    if (code == kArgumentGivenTwice) AddArgumentError(errorText, MsgArgumentOnlyOnce, argument->Name(), *argument);
+    if (!errorText.empty()) break;
+  }
+  if (!errorText.empty()) {
+    AddError(errorText, NamedMessage(MsgErrorSettingUpFunction, u"[FUNC]", call.Name()), call.Location());
+    function.reset();
+  }
+  return errorText;
+}
+
+namespace {
+
+// The parameter an ArgReference part names, or null with the error set.
+const CParam* FindReferenced(const CParsePart& part, CProcessContext& context, WString& errorText) {
+  CParamQualifier qualifier;
+  errorText = ParseQualifier(part.Value(), part.Name(), part, qualifier);
+  if (!errorText.empty()) return nullptr;
+  const CParam* found = std::as_const(context).Root().FindParam(qualifier);
+  if (found == nullptr) errorText = ParamNotSetError(part, part.Value());
+  return found;
+}
+
+// The checks common to every evaluation: a missing argument, a flag without
+// value. True when the caller should go on with the part's kind.
+bool CheckPresence(const CFunction& function, const CParsePart* part, WStringView displayName, bool allowFlag,
+                   WString& errorText) {
+  if (part == nullptr) {
+    errorText = ArgumentMissingError(function, displayName);
+    return false;
+  }
+  if (part->Kind() == PartKind::ArgFlag) {
+    if (!allowFlag) AddArgumentError(errorText, MsgArgumentMissingValue, displayName, *part);
+    return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+WString EvaluateText(const CFunction& function, const CParsePart* part, WStringView displayName,
+                     CProcessContext& context, bool allowFlag, WString& result) {
+  result.clear();
+  WString errorText;
+  if (!CheckPresence(function, part, displayName, allowFlag, errorText)) return errorText;
+  switch (part->Kind()) {
+    case PartKind::ArgText:
+      result.assign(part->Value());
+      break;
+    case PartKind::ArgReference:
+      if (const CParam* found = FindReferenced(*part, context, errorText)) result = found->GetValue();
+      break;
+    case PartKind::ArgContent:
+      errorText = EvaluateParts(*part, context, result);
+      break;
+    default:
+      break;
+  }
+  return errorText;
+}
+
+WString EvaluateQualifier(const CFunction& function, const CParsePart* part, WStringView displayName,
+                          CProcessContext& context, bool required, CParamQualifier& qualifier,
+                          WString* evaluatedText) {
+  qualifier.clear();
+  if (part == nullptr && !required) return WString();
+  WString text;
+  WString errorText = EvaluateText(function, part, displayName, context, false, text);
+  if (errorText.empty()) errorText = ParseQualifier(text, displayName, *part, qualifier);
+  if (evaluatedText != nullptr) *evaluatedText = std::move(text);
+  return errorText;
+}
+
+WString EvaluateParam(const CFunction& function, const CParsePart* part, WStringView displayName,
+                      CProcessContext& context, bool allowFlag, CParam& target) {
+  target.Clear();
+  if (part != nullptr && part->Kind() == PartKind::ArgReference) {
+    WString errorText;
+    if (const CParam* found = FindReferenced(*part, context, errorText)) target.CopyFrom(*found);
+    return errorText;
+  }
+  WString value;
+  WString errorText = EvaluateText(function, part, displayName, context, allowFlag, value);
+  if (errorText.empty()) target.SetValue(std::move(value));
+  return errorText;
+}
+
+WString EvaluateOption(const CFunction& function, const CParsePart& part, WStringView displayName,
+                       CProcessContext& context, std::initializer_list<WStringView> keywords, int& choice) {
+  WString text;
+  WString errorText = EvaluateText(function, &part, displayName, context, false, text);
+  if (!errorText.empty()) return errorText;
+  choice = 0;
+  for (WStringView keyword : keywords) {
+    if (EqualsIgnoreCase(text, keyword)) return errorText;
+    ++choice;
+  }
+  return UnknownOptionError(part, text);
+}
+
+WString ArgumentMissingError(const CFunction& function, WStringView displayName) {
+  WString errorText;
+  AddArgumentError(errorText, MsgArgumentMissing, displayName, function.CallPart());
+  return errorText;
+}
+
+WString UnknownOptionError(const CParsePart& argument, WStringView text) {
+  WString errorText;
+  AddError(errorText, CText(MsgUnknownOption).Fill({{u"[OPT]", text}, {u"[ARG]", argument.Name()}}),
+           argument.Location());
+  return errorText;
+}
+
+WString ParamNotSetError(const CParsePart& argument, WStringView evaluatedText) {
+  WString errorText;
+  AddError(errorText, CText(MsgParamNotSet).Fill({{u"[PARAM]", evaluatedText}, {u"[ARG]", argument.Name()}}),
+           argument.Location());
+  return errorText;
+}
+
+WString ParseQualifier(WStringView text, WStringView argName, const CParsePart& at, CParamQualifier& qualifier) {
+  CQualifierParse parsed = ParseQualifierText(text, argName);
+  WString errorText;
+  if (!parsed.message.empty()) {
+    AddError(errorText, parsed.message, at.Location());
+    qualifier.clear();
+  } else {
+    qualifier = std::move(parsed.qualifier);
+  }
+  return errorText;
+}
+
+}  // namespace NScrivolt

@@ -1,0 +1,124 @@
+// CFunction: the base of every script function, and the services with which
+// a function binds its written arguments and evaluates them.
+//
+// A call is carried out by a short-lived function object: SetUpCall makes it
+// from the Call part (user functions first, then the built-in table), binds
+// each written argument through AcceptArgument, and Process's evaluation loop
+// runs Execute once and destroys the object. Binding only records which parts
+// were given; Execute evaluates them when and as often as it needs.
+#pragma once
+
+#include <initializer_list>
+#include <memory>
+#include <vector>
+
+#include "engine/params/param.h"
+#include "engine/params/param_id.h"
+#include "engine/syntax/parse_part.h"
+#include "text/base/wide_string.h"
+
+namespace NScrivolt {
+
+class CProcessContext;
+
+// Results of AcceptArgument.
+enum AcceptResult : int {
+  kArgumentAccepted = 0,
+  kArgumentUnknown = 1,     // reported as 40123
+  kArgumentGivenTwice = 3,  // reported as 40101
+};
+
+// A single argument: the bound part, null while not given. The parse tree
+// outlives every function object, so the slot does not own the part.
+using ArgumentSlot = const CParsePart*;
+// A repeatable argument: every written occurrence, in written order.
+using ArgumentList = std::vector<CParsePartRef>;
+
+class CFunction {
+ public:
+  CFunction() = default;
+  CFunction(const CFunction&) = delete;
+  CFunction& operator=(const CFunction&) = delete;
+  virtual ~CFunction() = default;
+
+  // Carries out the call, appending its result to `output`. Returns the error
+  // text (empty on success). The base appends nothing.
+  virtual WString Execute(CProcessContext& context, WString& output);
+
+  // Binds one written argument; `name` is lower-cased. The base knows none.
+  virtual int AcceptArgument(const WString& name, const CParsePartRef& part);
+
+  void SetCallPart(const CParsePart& call) { call_ = &call; }
+  const CParsePart& CallPart() const { return *call_; }
+
+ private:
+  const CParsePart* call_ = nullptr;
+};
+
+// Appends a function's result to what the output already holds, without a
+// copy when there is nothing before it.
+void AppendResult(WString& output, WString&& result);
+
+// Stores `part` in an empty slot (kArgumentAccepted) or refuses a second one.
+int BindArgument(ArgumentSlot& slot, const CParsePartRef& part);
+// Appends a repeatable argument; always accepted.
+int AppendArgument(ArgumentList& list, const CParsePartRef& part);
+
+// Checks a function name given as text: one or more name characters. Error
+// 40111 located at `at` otherwise; `lowerName` receives the lower-cased name.
+WString CheckFunctionName(WStringView name, const CParsePart& at, WString& lowerName);
+
+// Makes the function object for a written name: a user function of that name
+// first, then the built-in function; error 40125 at `at` when neither exists.
+WString CreateFunction(WStringView writtenName, const CParsePart& at, const CProcessContext& context,
+                       std::unique_ptr<CFunction>& function);
+
+// Makes and binds the function object of a Call part. On error (40123, 40101,
+// each followed by 40120; or a creation error) no object is returned.
+WString SetUpCall(const CParsePart& call, const CProcessContext& context,
+                  std::unique_ptr<CFunction>& function);
+
+// Evaluates an argument to text. `part` null: error 40098 at the call, naming
+// `displayName`. A flag without value: empty text when `allowFlag`, else 40099.
+// A quoted text: its value. A reference: the value of the parameter it names
+// (40116 when it does not exist). A content: its evaluation.
+WString EvaluateText(const CFunction& function, const CParsePart* part, WStringView displayName,
+                     CProcessContext& context, bool allowFlag, WString& result);
+
+// Evaluates an argument to text and parses the text as a parameter reference.
+// An absent argument gives an empty qualifier when not `required`.
+// `evaluatedText`, when given, receives the text (for messages that name it).
+WString EvaluateQualifier(const CFunction& function, const CParsePart* part, WStringView displayName,
+                          CProcessContext& context, bool required, CParamQualifier& qualifier,
+                          WString* evaluatedText = nullptr);
+
+// Evaluates an argument into `target` (cleared first): a reference makes the
+// target a deep copy of the parameter it names, value and sub-parameters;
+// any other value sets the target's value.
+WString EvaluateParam(const CFunction& function, const CParsePart* part, WStringView displayName,
+                      CProcessContext& context, bool allowFlag, CParam& target);
+
+// Evaluates an option argument and compares the text, ignoring case, with
+// `keywords` in order; `choice` receives the index of the first match. No
+// match: error 40124 at the argument, with the evaluated text and the
+// argument's written name.
+WString EvaluateOption(const CFunction& function, const CParsePart& part, WStringView displayName,
+                       CProcessContext& context, std::initializer_list<WStringView> keywords,
+                       int& choice);
+
+// Error 40098 at the call: the argument `displayName` is missing.
+WString ArgumentMissingError(const CFunction& function, WStringView displayName);
+
+// Error 40124 at `argument`: its evaluated text `text` names no option.
+WString UnknownOptionError(const CParsePart& argument, WStringView text);
+
+// Error 40116 for a parameter that a function looked for and did not find:
+// [PARAM] is the evaluated text, [ARG] the argument's written name, located
+// at the argument.
+WString ParamNotSetError(const CParsePart& argument, WStringView evaluatedText);
+
+// Parses a parameter reference; errors 40112 and 40113 are located at `at`.
+WString ParseQualifier(WStringView text, WStringView argName, const CParsePart& at,
+                       CParamQualifier& qualifier);
+
+}  // namespace NScrivolt

@@ -1,0 +1,43 @@
+// Automatic names of parameters: "Param" and a number drawn from one counter
+// for the whole process, never reset, so no number is handed out twice while
+// the process lives. A node keeps only the number; the name and its key
+// ("param" and the number) are written out when asked for, which spares a
+// tree of a million numbered children two million short texts.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "text/base/wide_string.h"
+
+namespace NScrivolt {
+
+// The next number of the process-wide counter; the first one is 1.
+std::uint64_t NextAutomaticNumber();
+
+// "Param" and the number; "param" and the number.
+WString AutomaticName(std::uint64_t number);
+WString AutomaticKey(std::uint64_t number);
+
+// Room for "param" and the digits of any 64-bit number.
+using AutomaticKeyBuffer = std::array<WChar, 25>;
+
+// The automatic key of `number`, written into `buffer`.
+WStringView AutomaticKeyIn(std::uint64_t number, AutomaticKeyBuffer& buffer);
+
+// The number whose automatic key `key` is: "param" and the decimal digits of
+// a number from 1 on, without leading zeros. 0 for any other key.
+std::uint64_t AutomaticNumberIn(WStringView key);
+
+// A key looked up among the children of a parameter, with the number it
+// names when it has the form of an automatic key. Most keys are told apart
+// by their first unit, without a call.
+struct CKeyLookup {
+  explicit CKeyLookup(WStringView text)
+      : key(text), automaticNumber(!text.empty() && text[0] == u'p' ? AutomaticNumberIn(text) : 0) {}
+
+  WStringView key;
+  std::uint64_t automaticNumber;
+};
+
+}  // namespace NScrivolt
