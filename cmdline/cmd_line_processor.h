@@ -25,7 +25,7 @@ constexpr int kMaxCommandFileNesting = 32;
 
 class CCmdLineProcessor : public ICmdLineProcessor {
  public:
-  explicit CCmdLineProcessor(IRunScreen& screen = PlatformRunScreen(),
+  explicit CCmdLineProcessor(IRunScreen& screen,
                              Platform::SwitchSyntax syntax = Platform::NativeSwitchSyntax());
   CCmdLineProcessor(const CCmdLineProcessor&) = delete;
   CCmdLineProcessor& operator=(const CCmdLineProcessor&) = delete;

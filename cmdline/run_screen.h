@@ -18,7 +18,20 @@ class IRunScreen {
   virtual void ShowHelp(std::uint32_t topicId) = 0;
 };
 
-// The operating system's message boxes and help viewer.
-IRunScreen& PlatformRunScreen();
+// Opens the help page whose name is message `topicId`. Each front end brings
+// its own: the Windows program opens its help file, the POSIX program prints
+// the usage text.
+using HelpOpener = void (*)(std::uint32_t topicId);
+
+// The operating system's message boxes and the front end's help opener.
+class CPlatformRunScreen : public IRunScreen {
+ public:
+  explicit CPlatformRunScreen(HelpOpener openHelp) : openHelp_(openHelp) {}
+  void ShowMessage(WStringView text, WStringView title, Platform::MessageBoxIcon icon) override;
+  void ShowHelp(std::uint32_t topicId) override { openHelp_(topicId); }
+
+ private:
+  HelpOpener openHelp_;
+};
 
 }  // namespace NScrivolt

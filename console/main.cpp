@@ -3,6 +3,7 @@
 // version lines. Everything else is a command-line run, whose result is the
 // exit code. A help switch is a switch of the run like any other: it prints
 // the usage text and the run goes on.
+#include <cstdint>
 #include <cstdio>
 #include <exception>
 #include <string>
@@ -23,6 +24,9 @@ void PrintToStandardOutput(const WString& text) {
   std::fwrite(bytes.data(), 1, bytes.size(), stdout);
   std::fflush(stdout);
 }
+
+// The help opener of the console program: whatever the page, the usage text.
+void PrintUsageText(std::uint32_t) { PrintToStandardOutput(UsageText()); }
 
 bool IsBlank(const WString& argument) {
   return argument.find_first_not_of(u" \t\r\n") == WString::npos;
@@ -50,7 +54,8 @@ int RunProgram(int argc, char** argv) {
   }
   std::vector<WString> arguments;
   for (int i = 1; i < argc; ++i) arguments.push_back(Utf8ToWide(argv[i]));
-  CCmdLineProcessor processor;
+  CPlatformRunScreen screen(PrintUsageText);
+  CCmdLineProcessor processor(screen);
   return processor.Run(arguments) ? 0 : 1;
 }
 

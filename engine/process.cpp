@@ -5,7 +5,7 @@
 
 #include "engine/current_directory_change.h"
 #include "engine/syntax/error_report.h"
-#include "engine/functions/function.h"
+#include "engine/functions/function_factory.h"
 #include "engine/syntax/parser.h"
 #include "engine/syntax/unescape.h"
 #include "text/file_io.h"
@@ -131,7 +131,7 @@ WString EvaluateParts(const CParsePart& part, CProcessContext& context, WString&
     WString result;
     errorText = function->Execute(context, result);
     if (!errorText.empty()) {
-      AddError(errorText, CText(MsgErrorProcessingFunction).Replace(u"[FUNC]", child->Name()), child->Location());
+      AddErrorAt(errorText, MsgErrorProcessingFunction, *child, {{u"[FUNC]", child->Name()}});
       break;
     }
     AppendResult(output, std::move(result));

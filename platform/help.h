@@ -1,6 +1,6 @@
-// Opening a page of the program's help. Windows shows the page in the
-// compiled-HTML help viewer; POSIX has no viewer and prints the command-line
-// usage text to standard output instead, whatever the page.
+// Opening a page of the program's help in the compiled-HTML help viewer.
+// Windows only: the POSIX program has no viewer, and its front end prints the
+// usage text instead.
 #pragma once
 
 #include <cstdint>

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "text/built_in_strings.h"
+
 namespace NScrivolt {
 
 namespace {
@@ -12,6 +14,7 @@ constexpr int kFirstLoadBuffer = 256;
 // Loads from one module; false when it does not have the message.
 bool LoadFromModule(ModuleHandle module, std::uint32_t id, WString& text) {
   if (module == nullptr) return false;
+  EnsureBuiltInStrings();
   std::vector<WChar> buffer(kFirstLoadBuffer);
   for (;;) {
     const int size = int(buffer.size());

@@ -1,4 +1,5 @@
 #include "engine/functions/codec_functions.h"
+#include "engine/syntax/error_report.h"
 
 #include <utility>
 
@@ -38,7 +39,7 @@ WString CFunctionDecode::Execute(CProcessContext& context, WString& output) {
     }
     return errorText;
   }
-  if (to_ == nullptr) return ArgumentMissingError(*this, u"To");
+  if (to_ == nullptr) return ArgumentMissingError(CallPart(), u"To");
   return format->decodeTree(what, *context.Root().FindParam(target, true));
 }
 

@@ -85,14 +85,10 @@ WString CFunctionCompare::TestParamExists(CProcessContext& context, bool& holds)
 }
 
 WString CFunctionCompare::CompareTexts(CProcessContext& context, bool& holds) const {
-  WString errorText;
-  if (comparand_ == nullptr) {
-    AddError(errorText, CText(MsgComparisonMissing), CallPart().Location());
-    return errorText;
-  }
+  if (comparand_ == nullptr) return ErrorAt(MsgComparisonMissing, CallPart());
   WString subject;
   WString comparand;
-  errorText = EvaluateText(*this, subject_, u"What", context, false, subject);
+  WString errorText = EvaluateText(*this, subject_, u"What", context, false, subject);
   if (errorText.empty()) errorText = EvaluateText(*this, comparand_, kComparandNames[kind_], context, false, comparand);
   if (!errorText.empty()) return errorText;
   const int order = CompareText(subject, comparand, caseSensitive_ != nullptr);

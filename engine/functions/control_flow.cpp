@@ -130,8 +130,7 @@ WString CFunctionFor::Execute(CProcessContext& context, WString& output) {
   if (!errorText.empty()) return errorText;
   const std::int32_t stepNumber = ReadInteger(step);
   if (stepNumber == 0) {
-    AddError(errorText, CText(MsgStepIsZero).Fill({{u"[STEP]", step_->Name()}, {u"[FUNC]", CallPart().Name()}}),
-             step_->Location());
+    AddErrorAt(errorText, MsgStepIsZero, *step_, {{u"[STEP]", step_->Name()}, {u"[FUNC]", CallPart().Name()}});
     return errorText;
   }
   std::int64_t round = 1;

@@ -22,12 +22,6 @@ WString ProcessIntoOutput(CProcessContext& context, CContentSource& source, bool
   return errorText;
 }
 
-WString CallError(const CFunction& function, MessageId message) {
-  WString errorText;
-  AddError(errorText, CText(message), function.CallPart().Location());
-  return errorText;
-}
-
 }  // namespace
 
 WString CFunctionExternalFile::EvaluateFileEncoding(CProcessContext& context, EncodingType& type,
@@ -87,8 +81,8 @@ WString CFunctionProcess::MakeSource(CProcessContext& context, std::unique_ptr<C
 }
 
 WString CFunctionProcess::Execute(CProcessContext& context, WString& output) {
-  if (file_ == nullptr && content_ == nullptr) return CallError(*this, MsgFileOrContentMissing);
-  if (file_ != nullptr && content_ != nullptr) return CallError(*this, MsgFileAndContent);
+  if (file_ == nullptr && content_ == nullptr) return ErrorAt(MsgFileOrContentMissing, CallPart());
+  if (file_ != nullptr && content_ != nullptr) return ErrorAt(MsgFileAndContent, CallPart());
   std::unique_ptr<CContentSource> source;
   WString errorText = MakeSource(context, source);
   if (errorText.empty()) errorText = ProcessIntoOutput(context, *source, true, output);

@@ -4,8 +4,6 @@
 
 #include "engine/syntax/char_class.h"
 #include "engine/syntax/error_report.h"
-#include "engine/functions/function_factory.h"
-#include "engine/functions/user_function_call.h"
 #include "engine/params/param_qualifier.h"
 #include "engine/process.h"
 #include "engine/process_context.h"
@@ -36,57 +34,13 @@ int AppendArgument(ArgumentList& list, const CParsePartRef& part) {
   return kArgumentAccepted;
 }
 
-namespace {
-
-WString NamedMessage(MessageId id, WStringView placeholder, WStringView value) {
-  return CText(id).Replace(placeholder, value).str();
-}
-
-void AddArgumentError(WString& errorText, MessageId id, WStringView argName, const CParsePart& at) {
-  AddError(errorText, NamedMessage(id, u"[ARG]", argName), at.Location());
-}
-
-}  // namespace
-
 WString CheckFunctionName(WStringView name, const CParsePart& at, WString& lowerName) {
   WString errorText;
   if (!IsValidName(name)) {
-    AddError(errorText, NamedMessage(MsgInvalidFunctionName, u"[NAME]", name), at.Location());
+    AddErrorAt(errorText, MsgInvalidFunctionName, at, {{u"[NAME]", name}});
     return errorText;
   }
   lowerName = ToLowerAscii(name);
-  return errorText;
-}
-
-WString CreateFunction(WStringView writtenName, const CParsePart& at, const CProcessContext& context,
-                       std::unique_ptr<CFunction>& function) {
-  function.reset();
-  WString lowerName;
-  WString errorText = CheckFunctionName(writtenName, at, lowerName);
-  if (!errorText.empty()) return errorText;
-  if (CUserFunctionRef definition = context.userFunctions.FindDefinition(lowerName)) {
-    function = std::make_unique<CFunctionUserFunction>(std::move(definition));
-  } else {
-    function = MakeBuiltInFunction(lowerName);
-  }
-  if (!function) AddError(errorText, NamedMessage(MsgUnknownFunction, u"[FUNC]", writtenName), at.Location());
-  return errorText;
-}
-
-WString SetUpCall(const CParsePart& call, const CProcessContext& context, std::unique_ptr<CFunction>& function) {
-  WString errorText = CreateFunction(call.Name(), call, context, function);
-  if (!errorText.empty()) return errorText;
-  function->SetCallPart(call);
-  for (const CParsePartRef& argument : call.Children()) {
-    const int code = function->AcceptArgument(ToLowerAscii(argument->Name()), argument);
-    if (code == kArgumentUnknown) AddArgumentError(errorText, MsgUnknownArgument, argument->Name(), *argument);
-    if (code == kArgumentGivenTwice) AddArgumentError(errorText, MsgArgumentOnlyOnce, argument->Name(), *argument);
-    if (!errorText.empty()) break;
-  }
-  if (!errorText.empty()) {
-    AddError(errorText, NamedMessage(MsgErrorSettingUpFunction, u"[FUNC]", call.Name()), call.Location());
-    function.reset();
-  }
   return errorText;
 }
 
@@ -107,11 +61,11 @@ const CParam* FindReferenced(const CParsePart& part, CProcessContext& context, W
 bool CheckPresence(const CFunction& function, const CParsePart* part, WStringView displayName, bool allowFlag,
                    WString& errorText) {
   if (part == nullptr) {
-    errorText = ArgumentMissingError(function, displayName);
+    errorText = ArgumentMissingError(function.CallPart(), displayName);
     return false;
   }
   if (part->Kind() == PartKind::ArgFlag) {
-    if (!allowFlag) AddArgumentError(errorText, MsgArgumentMissingValue, displayName, *part);
+    if (!allowFlag) AddErrorAt(errorText, MsgArgumentMissingValue, *part, {{u"[ARG]", displayName}});
     return false;
   }
   return true;
@@ -177,26 +131,6 @@ WString EvaluateOption(const CFunction& function, const CParsePart& part, WStrin
     ++choice;
   }
   return UnknownOptionError(part, text);
-}
-
-WString ArgumentMissingError(const CFunction& function, WStringView displayName) {
-  WString errorText;
-  AddArgumentError(errorText, MsgArgumentMissing, displayName, function.CallPart());
-  return errorText;
-}
-
-WString UnknownOptionError(const CParsePart& argument, WStringView text) {
-  WString errorText;
-  AddError(errorText, CText(MsgUnknownOption).Fill({{u"[OPT]", text}, {u"[ARG]", argument.Name()}}),
-           argument.Location());
-  return errorText;
-}
-
-WString ParamNotSetError(const CParsePart& argument, WStringView evaluatedText) {
-  WString errorText;
-  AddError(errorText, CText(MsgParamNotSet).Fill({{u"[PARAM]", evaluatedText}, {u"[ARG]", argument.Name()}}),
-           argument.Location());
-  return errorText;
 }
 
 WString ParseQualifier(WStringView text, WStringView argName, const CParsePart& at, CParamQualifier& qualifier) {

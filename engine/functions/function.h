@@ -68,16 +68,6 @@ int AppendArgument(ArgumentList& list, const CParsePartRef& part);
 // 40111 located at `at` otherwise; `lowerName` receives the lower-cased name.
 WString CheckFunctionName(WStringView name, const CParsePart& at, WString& lowerName);
 
-// Makes the function object for a written name: a user function of that name
-// first, then the built-in function; error 40125 at `at` when neither exists.
-WString CreateFunction(WStringView writtenName, const CParsePart& at, const CProcessContext& context,
-                       std::unique_ptr<CFunction>& function);
-
-// Makes and binds the function object of a Call part. On error (40123, 40101,
-// each followed by 40120; or a creation error) no object is returned.
-WString SetUpCall(const CParsePart& call, const CProcessContext& context,
-                  std::unique_ptr<CFunction>& function);
-
 // Evaluates an argument to text. `part` null: error 40098 at the call, naming
 // `displayName`. A flag without value: empty text when `allowFlag`, else 40099.
 // A quoted text: its value. A reference: the value of the parameter it names
@@ -105,17 +95,6 @@ WString EvaluateParam(const CFunction& function, const CParsePart* part, WString
 WString EvaluateOption(const CFunction& function, const CParsePart& part, WStringView displayName,
                        CProcessContext& context, std::initializer_list<WStringView> keywords,
                        int& choice);
-
-// Error 40098 at the call: the argument `displayName` is missing.
-WString ArgumentMissingError(const CFunction& function, WStringView displayName);
-
-// Error 40124 at `argument`: its evaluated text `text` names no option.
-WString UnknownOptionError(const CParsePart& argument, WStringView text);
-
-// Error 40116 for a parameter that a function looked for and did not find:
-// [PARAM] is the evaluated text, [ARG] the argument's written name, located
-// at the argument.
-WString ParamNotSetError(const CParsePart& argument, WStringView evaluatedText);
 
 // Parses a parameter reference; errors 40112 and 40113 are located at `at`.
 WString ParseQualifier(WStringView text, WStringView argName, const CParsePart& at,

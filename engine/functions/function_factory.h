@@ -1,4 +1,5 @@
-// The built-in script functions by name.
+// The factory of function objects: the built-in script functions by name,
+// the user functions before them, and the setting up of a call.
 #pragma once
 
 #include <memory>
@@ -28,6 +29,16 @@ CBuiltInFamily UserFunctionFunctions();   // engine/functions/user_function_defi
 CBuiltInFamily TextFunctions();           // engine/functions/text_functions.cpp
 CBuiltInFamily CodecFunctions();          // engine/functions/codec_functions.cpp
 CBuiltInFamily ExternalFileFunctions();   // engine/functions/external_file_functions.cpp
+
+// Makes the function object for a written name: a user function of that name
+// first, then the built-in function; error 40125 at `at` when neither exists.
+WString CreateFunction(WStringView writtenName, const CParsePart& at, const CProcessContext& context,
+                       std::unique_ptr<CFunction>& function);
+
+// Makes and binds the function object of a Call part. On error (40123, 40101,
+// each followed by 40120; or a creation error) no object is returned.
+WString SetUpCall(const CParsePart& call, const CProcessContext& context,
+                  std::unique_ptr<CFunction>& function);
 
 // A new object of the built-in function with this lower-cased name, or null.
 std::unique_ptr<CFunction> MakeBuiltInFunction(WStringView lowerName);

@@ -1,4 +1,5 @@
 #include "engine/functions/parameter_functions.h"
+#include "engine/syntax/error_report.h"
 
 #include <cstdint>
 #include <utility>
@@ -94,7 +95,7 @@ WString CFunctionAddSubParams::Execute(CProcessContext& context, WString&) {
   CParamQualifier target;
   WString errorText = EvaluateTarget(*this, param_, context, target);
   if (!errorText.empty()) return errorText;
-  if (values_.empty()) return ArgumentMissingError(*this, u"Value");
+  if (values_.empty()) return ArgumentMissingError(CallPart(), u"Value");
   for (const CParsePartRef& part : values_) {
     CParam value;
     errorText = EvaluateParam(*this, part.Get(), u"Value", context, false, value);

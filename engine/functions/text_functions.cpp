@@ -1,4 +1,5 @@
 #include "engine/functions/text_functions.h"
+#include "engine/syntax/error_report.h"
 
 #include <utility>
 

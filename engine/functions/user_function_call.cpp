@@ -1,4 +1,5 @@
 #include "engine/functions/user_function_call.h"
+#include "engine/syntax/error_report.h"
 
 #include <utility>
 
@@ -71,7 +72,7 @@ WString CFunctionUserFunction::EvaluateArgument(CProcessContext& context, Entry&
   WString errorText;
   if (entry.parts.empty()) {
     if (entry.kind == ArgumentKind::Arg || entry.kind == ArgumentKind::MultiArg) {
-      errorText = ArgumentMissingError(*this, entry.param.name);
+      errorText = ArgumentMissingError(CallPart(), entry.param.name);
     } else if (entry.kind != ArgumentKind::OptArg) {
       entry.newValue = std::make_unique<CParam>();
     }

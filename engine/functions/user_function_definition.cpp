@@ -45,7 +45,7 @@ WString CFunctionMakeFunction::Execute(CProcessContext& context, WString&) {
   WString lowerName;
   WString errorText = EvaluateFunctionName(*this, name_, context, name, lowerName);
   if (!errorText.empty()) return errorText;
-  if (!content_) return ArgumentMissingError(*this, u"Content");
+  if (!content_) return ArgumentMissingError(CallPart(), u"Content");
   CUserFunctionRef definition = CUserFunctionRef::Make();
   definition->name = std::move(name);
   definition->body = content_;
@@ -64,8 +64,7 @@ WString CFunctionMakeFunction::DeclareArguments(CProcessContext& context, CUserF
       WString errorText = EvaluateQualifier(*this, argument.Get(), kKindDisplayNames[kind], context, true,
                                             qualifier, &text);
       if (errorText.empty() && qualifier.size() != 1) {
-        AddError(errorText, CText(MsgArgumentDefinitionHasIndices).Replace(u"[PARAM]", WStringView(text)),
-                 argument->Location());
+        AddErrorAt(errorText, MsgArgumentDefinitionHasIndices, *argument, {{u"[PARAM]", text}});
       }
       if (!errorText.empty()) return errorText;
       definition.declarations[kind][qualifier.front().key] = CArgumentDeclaration{argument, qualifier.front()};

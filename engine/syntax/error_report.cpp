@@ -17,4 +17,29 @@ void AddError(WString& errorText, const CText& message, const ParseLocation& loc
   errorText += line.str();
 }
 
+void AddErrorAt(WString& errorText, MessageId id, const CParsePart& at,
+                std::initializer_list<CText::Filler> values) {
+  CText message(id);
+  if (values.size() > 0) message.Fill(values);
+  AddError(errorText, message, at.Location());
+}
+
+WString ErrorAt(MessageId id, const CParsePart& at, std::initializer_list<CText::Filler> values) {
+  WString errorText;
+  AddErrorAt(errorText, id, at, values);
+  return errorText;
+}
+
+WString ArgumentMissingError(const CParsePart& call, WStringView displayName) {
+  return ErrorAt(MsgArgumentMissing, call, {{u"[ARG]", displayName}});
+}
+
+WString UnknownOptionError(const CParsePart& argument, WStringView text) {
+  return ErrorAt(MsgUnknownOption, argument, {{u"[OPT]", text}, {u"[ARG]", argument.Name()}});
+}
+
+WString ParamNotSetError(const CParsePart& argument, WStringView evaluatedText) {
+  return ErrorAt(MsgParamNotSet, argument, {{u"[PARAM]", evaluatedText}, {u"[ARG]", argument.Name()}});
+}
+
 }  // namespace NScrivolt

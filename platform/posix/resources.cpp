@@ -1,7 +1,7 @@
 #include "platform/resources.h"
 
 #include <algorithm>
-#include <iterator>
+#include <vector>
 
 #include "platform/posix/string_table.h"
 
@@ -9,26 +9,28 @@ namespace NScrivolt::Platform {
 
 namespace {
 
-constexpr StringTableEntry kBuiltInEntries[] = {
-#define MESSAGE(id, name, text) {id, text},
-#include "text/message_list.h"
-#undef MESSAGE
-};
+std::vector<StringTableEntry>& BuiltInEntries() {
+  static std::vector<StringTableEntry> entries;
+  return entries;
+}
 
-StringTable SortedBuiltInTable() {
-  static StringTableEntry sorted[std::size(kBuiltInEntries)];
-  std::copy(std::begin(kBuiltInEntries), std::end(kBuiltInEntries), sorted);
-  std::sort(std::begin(sorted), std::end(sorted),
-            [](const StringTableEntry& a, const StringTableEntry& b) { return a.id < b.id; });
-  return {sorted, std::size(sorted)};
+StringTable& BuiltInTable() {
+  static StringTable table{nullptr, 0};
+  return table;
 }
 
 }  // namespace
 
-ModuleHandle ExecutableModule() {
-  static const StringTable table = SortedBuiltInTable();
-  return &table;
+void InstallBuiltInStrings(const BuiltInString* entries, std::size_t count) {
+  std::vector<StringTableEntry>& sorted = BuiltInEntries();
+  sorted.clear();
+  for (std::size_t i = 0; i < count; ++i) sorted.push_back({entries[i].id, entries[i].text});
+  std::sort(sorted.begin(), sorted.end(),
+            [](const StringTableEntry& a, const StringTableEntry& b) { return a.id < b.id; });
+  BuiltInTable() = {sorted.data(), sorted.size()};
 }
+
+ModuleHandle ExecutableModule() { return &BuiltInTable(); }
 
 int LoadStringResource(ModuleHandle module, std::uint32_t id, WChar* buffer, int bufferSize) {
   if (module == nullptr || buffer == nullptr || bufferSize <= 0) return 0;

@@ -34,8 +34,6 @@ os_header_layers="platform console app ui"
 
 # Upward includes that are known and waiting to be turned around: "file include".
 known_upward=(
-  "platform/posix/help.cpp text/usage_text.h"
-  "platform/posix/resources.cpp text/message_list.h"
   "platform/win32/help.cpp text/text.h"
 )
 
