@@ -1,21 +1,19 @@
-// Entry point of the Windows program. With arguments it performs a
+// Entry point of the Windows program. It sets up the message texts and the
+// handler of processor faults first; with arguments it then performs a
 // command-line run, whose feedback goes to message boxes or the feedback
 // file; without arguments it ends at once until the main window exists.
 #include <windows.h>
 
-#include <cstdint>
-#include <exception>
-
+#include "app/services/help_topic.h"
+#include "app/services/unhandled_error.h"
 #include "cmdline/cmd_line_processor.h"
 #include "cmdline/command_line_arguments.h"
-#include "cmdline/unexpected_error.h"
-#include "platform/help.h"
 #include "platform/win32/process_command_line.h"
-#include "text/base/utf8.h"
+#include "text/resource_module.h"
 
 namespace {
 
-void OpenHelpTopic(std::uint32_t topicId) { NScrivolt::Platform::ShowHelpTopic(nullptr, topicId); }
+void OpenHelpTopic(std::uint32_t topicId) { NScrivolt::ShowHelpTopic(nullptr, NScrivolt::MessageId(topicId)); }
 
 int RunProgram() {
   using namespace NScrivolt;
@@ -28,13 +26,14 @@ int RunProgram() {
 
 }  // namespace
 
-int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
+int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, PWSTR, int) {
+  // Messages come from the executable until a language module is chosen.
+  static NScrivolt::CResourceModule resources(instance, instance);
+  NScrivolt::SetCurrentResourceModule(&resources);
+  NScrivolt::InstallUnhandledErrorHandler(NScrivolt::ShowUnhandledError);
   try {
     return RunProgram();
-  } catch (const std::exception& error) {
-    NScrivolt::ShowUnexpectedError(NScrivolt::Utf8ToWide(error.what()));
   } catch (...) {
-    NScrivolt::ShowUnexpectedError(NScrivolt::WStringView());
+    return NScrivolt::ShowUnknownUnhandledError();
   }
-  return NScrivolt::kUnexpectedErrorExitCode;
 }

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Runs the Windows unit tests, or with --e2e the end-to-end cases against
-# Scrivolt.exe, under Wine, in a private prefix inside the build folder so the
+# Scrivolt.exe and the tests of the shell's services (tests/windows_shell), under Wine, in a private prefix inside the build folder so the
 # run depends on nothing of the user's own Wine set-up.
 #
 # Usage: test_windows.sh [BUILD_FOLDER] [--e2e]
@@ -24,7 +24,10 @@ if [ "$what" = --e2e ]; then
     read -r -t 20 number <&3 || { echo "Xvfb did not start" >&2; exit 1; }
     export DISPLAY=:$number
   fi
-  "$(dirname "$0")/../tests/e2e/run.sh" --windows "$build/Scrivolt.exe"
+  status=0
+  "$(dirname "$0")/../tests/e2e/run.sh" --windows "$build/Scrivolt.exe" || status=1
+  "$(dirname "$0")/../tests/windows_shell/run.sh" "$build" || status=1
+  exit $status
 else
   wine "$build/tests/scrivolt_tests.exe" --gtest_brief=1
 fi

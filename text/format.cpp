@@ -11,6 +11,14 @@ WString FormatHex32(std::uint32_t value) {
   return text;
 }
 
+WString FormatHexAddress(std::uint64_t value) {
+  WString text = FormatHex32(std::uint32_t(value));
+  for (std::uint64_t high = value >> 32; high != 0; high >>= 4) {
+    text.insert(2, 1, u"0123456789ABCDEF"[high & 0xF]);
+  }
+  return text;
+}
+
 void FormatWindowsErrorText(CText& message, WStringView placeholder, std::uint32_t errorCode,
                             const CText& defaultText, bool firstOnly) {
   WString description;

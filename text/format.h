@@ -10,6 +10,10 @@ namespace NScrivolt {
 // "0x" and exactly eight upper-case hexadecimal digits: 255 gives "0x000000FF".
 WString FormatHex32(std::uint32_t value);
 
+// An address in the same form; one above 32 bits keeps all its digits
+// ("0x7FF612345678"), so a 64-bit program's addresses are never cut short.
+WString FormatHexAddress(std::uint64_t value);
+
 // Fills `placeholder` of `message` with the code in unsigned decimal, " - "
 // and the system's description of the code, or `defaultText` when the system
 // has none.

@@ -33,9 +33,7 @@ os_header_pattern='^(windows|winbase|winuser|shlwapi|shlobj|shellapi|commctrl|ht
 os_header_layers="platform console app ui"
 
 # Upward includes that are known and waiting to be turned around: "file include".
-known_upward=(
-  "platform/win32/help.cpp text/text.h"
-)
+known_upward=()
 
 # Prints "LEVEL FOLDER" of the layer that holds path $1, nothing when none does.
 layer_of() {

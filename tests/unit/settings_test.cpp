@@ -9,6 +9,7 @@
 
 #include "app/settings/install_settings.h"
 #include "app/settings/user_settings.h"
+#include "platform/paths.h"
 #include "scratch_folder.h"
 
 namespace NScrivolt {
@@ -35,6 +36,13 @@ struct CProgramSettings {
   CUserSettings user;
 };
 
+// `path` as the system writes it in full: "\" between the parts on Windows.
+WString Full(const WString& path) {
+  WString full;
+  EXPECT_TRUE(Platform::FullPath(path, full));
+  return full;
+}
+
 std::string SettingsFile(const CScratchFolder& appData) { return appData.Get("Scrivolt 11.3.3/Settings.ini"); }
 
 const char kDefaultFile[] =
@@ -51,8 +59,8 @@ TEST(Settings, AFirstStartMakesTheFolderAndSavesEveryKeyWithItsDefault) {
   CScratchFolder appData;
   CProgramSettings program(appData);
   ASSERT_TRUE(program.Load());
-  EXPECT_EQ(program.settings.GetFolderPath(), appData.Path("Scrivolt 11.3.3"));
-  EXPECT_EQ(program.settings.GetFilePath(), appData.Path("Scrivolt 11.3.3/Settings.ini"));
+  EXPECT_EQ(program.settings.GetFolderPath(), Full(appData.Path("Scrivolt 11.3.3")));
+  EXPECT_EQ(program.settings.GetFilePath(), Full(appData.Path("Scrivolt 11.3.3/Settings.ini")));
   EXPECT_EQ(program.install.GetLanguage(), u"EN");
   EXPECT_EQ(program.user.GetLanguage(), u"");
   EXPECT_EQ(program.user.GetWindowRecord(0).positionX, kNoStoredPosition);

@@ -77,6 +77,14 @@ TEST(FormatHex32, EightUpperCaseDigits) {
   EXPECT_EQ(FormatHex32(0xDEADBEEF), u"0xDEADBEEF");
 }
 
+TEST(FormatHexAddress, AtLeastEightDigitsAndNoneCutOff) {
+  EXPECT_EQ(FormatHexAddress(0), u"0x00000000");
+  EXPECT_EQ(FormatHexAddress(0xFFFFFFFFu), u"0xFFFFFFFF");
+  EXPECT_EQ(FormatHexAddress(0x100000000u), u"0x100000000");
+  EXPECT_EQ(FormatHexAddress(0x7FF612345678u), u"0x7FF612345678");
+  EXPECT_EQ(FormatHexAddress(0xFFFFFFFFFFFFFFFFu), u"0xFFFFFFFFFFFFFFFF");
+}
+
 TEST(FormatWindowsErrorText, CodeDashDescriptionOrDefault) {
   CText known(u"The error was: [ERROR]");
   FormatWindowsErrorText(known, u"[ERROR]", 5, CText(MsgUnknownErrorOccurred));

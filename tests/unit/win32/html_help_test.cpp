@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
 
-#include "platform/win32/html_help.h"
+#include "app/services/html_help.h"
 #include "unit/scratch_folder.h"
 
 namespace NScrivolt {
 namespace {
 
-using Platform::CHTMLHelp;
+
 
 // Without a help file the viewer is never asked: the caller shows its own
 // message instead.

@@ -5,7 +5,7 @@
 
 #include "text/base/wide_string.h"
 
-namespace NScrivolt::Platform {
+namespace NScrivolt {
 
 class CHTMLHelp {
  public:
@@ -32,4 +32,4 @@ class CHTMLHelp {
   bool fileExists_ = false;
 };
 
-}  // namespace NScrivolt::Platform
+}  // namespace NScrivolt

@@ -1,4 +1,4 @@
-#include "platform/win32/html_help.h"
+#include "app/services/html_help.h"
 
 #include "platform/files.h"
 #include "platform/win32/wide_cast.h"
@@ -6,9 +6,12 @@
 // After <windows.h>, which it builds on.
 #include <oleauto.h>
 
-namespace NScrivolt::Platform {
+namespace NScrivolt {
 
 namespace {
+
+using Platform::AsWin;
+using Platform::FromWin;
 
 using HtmlHelpFunction = HWND(WINAPI*)(HWND, LPCWSTR, UINT, DWORD_PTR);
 
@@ -62,7 +65,7 @@ HtmlHelpFunction HtmlHelpEntry() {
 }  // namespace
 
 bool CHTMLHelp::SetFile(const WString& path) {
-  fileExists_ = FileExists(path);
+  fileExists_ = Platform::FileExists(path);
   file_ = fileExists_ ? path : WString();
   return !fileExists_;
 }
@@ -89,4 +92,4 @@ WString CHTMLHelp::GetLastErrorText() const {
   return text;
 }
 
-}  // namespace NScrivolt::Platform
+}  // namespace NScrivolt

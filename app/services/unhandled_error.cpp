@@ -1,0 +1,66 @@
+#include "app/services/unhandled_error.h"
+
+#include <cstdlib>
+
+#include "cmdline/unexpected_error.h"
+#include "platform/win32/wide_cast.h"
+#include "text/format.h"
+#include "text/text.h"
+
+namespace NScrivolt {
+
+namespace {
+
+constexpr DWORD kAccessViolation = 0xC0000005;
+constexpr int kExitCodeWithoutCallback = 1;
+
+UnhandledErrorCallback gCallback = nullptr;
+// The filter that was installed before ours; kept, never called.
+LPTOP_LEVEL_EXCEPTION_FILTER gPreviousFilter = nullptr;
+
+LONG WINAPI UnhandledErrorFilter(EXCEPTION_POINTERS* pointers) {
+  int exitCode = kExitCodeWithoutCallback;
+  if (gCallback != nullptr) exitCode = gCallback(CSEHandler(*pointers->ExceptionRecord));
+  std::exit(exitCode);
+}
+
+void ShowErrorBox(const WString& text, MessageId title) {
+  MessageBoxW(nullptr, Platform::AsWin(text), Platform::AsWin(CText(title).str()), MB_OK | MB_ICONERROR);
+}
+
+}  // namespace
+
+void InstallUnhandledErrorHandler(UnhandledErrorCallback callback) {
+  gCallback = callback;
+  gPreviousFilter = SetUnhandledExceptionFilter(UnhandledErrorFilter);
+}
+
+WString UnhandledErrorText(const CSEHandler& fault) {
+  CText text(MsgUnhandledError);
+  text.Replace(u"[ERROR]", CText(MsgUnhandledErrorDetail));
+  text.Replace(u"[WHAT]", fault.GetName());
+  text.Replace(u"[ADDRESS]", FormatHexAddress(fault.GetAddress()));
+  text.Replace(u"[MODULENAME]", fault.GetModuleName());
+  text.Replace(u"[OFFSET]", FormatHexAddress(fault.GetModuleOffset()));
+  if (fault.GetCode() == kAccessViolation) {
+    CText access(MsgUnhandledErrorAccess);
+    access.Replace(u"[TYPE]", CText(fault.GetAccessType() == 0 ? MsgRead : MsgWrite));
+    access.Replace(u"[ACCESSADDRESS]", FormatHexAddress(fault.GetAccessAddress()));
+    text.Replace(u"[EXTRAINFO]", access);
+  }
+  text.Replace(u"[EXTRAINFO]", u"");
+  return text.str();
+}
+
+int ShowUnhandledError(const CSEHandler& fault) {
+  const WString text = UnhandledErrorText(fault);
+  ShowErrorBox(text, MsgUnhandledErrorTitle);
+  return kUnhandledErrorExitCode;
+}
+
+int ShowUnknownUnhandledError() {
+  ShowErrorBox(CText(MsgUnknownUnhandledError).str(), MsgUnhandledErrorTitle);
+  return kUnexpectedErrorExitCode;
+}
+
+}  // namespace NScrivolt

@@ -1,0 +1,48 @@
+// A program that faults on purpose, with the program's fault handler
+// installed as the Windows program installs it, so that a test sees the real
+// handler at work on a real structured exception.
+//
+//   fault_probe.exe write-null | call-nowhere
+//
+// Before faulting it registers an exit-time handler that leaves the file
+// "exit-handlers-ran" in the current folder: the handler ends the process
+// through the runtime's normal exit.
+#include <windows.h>
+
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+#include "app/services/unhandled_error.h"
+#include "text/resource_module.h"
+
+namespace {
+
+// Read at run time, so the compiler cannot see the fault coming and replace
+// it by a trap instruction of its own.
+volatile std::uintptr_t gNullAddress = 0;
+volatile std::uintptr_t gCodeNowhere = 0x10;
+
+void LeaveExitMarker() {
+  if (std::FILE* marker = std::fopen("exit-handlers-ran", "w")) std::fclose(marker);
+}
+
+}  // namespace
+
+int wmain(int argc, wchar_t** argv) {
+  static NScrivolt::CResourceModule resources(GetModuleHandleW(nullptr), GetModuleHandleW(nullptr));
+  NScrivolt::SetCurrentResourceModule(&resources);
+  NScrivolt::InstallUnhandledErrorHandler(NScrivolt::ShowUnhandledError);
+  std::atexit(LeaveExitMarker);
+  const std::wstring what = argc > 1 ? argv[1] : L"";
+  if (what == L"write-null") {
+    *reinterpret_cast<volatile int*>(gNullAddress) = 1;
+  } else if (what == L"call-nowhere") {
+    reinterpret_cast<void (*)()>(gCodeNowhere)();
+  } else {
+    std::fprintf(stderr, "usage: fault_probe write-null | call-nowhere\n");
+    return 3;
+  }
+  return 0;
+}

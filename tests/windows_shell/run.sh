@@ -1,0 +1,93 @@
+#!/usr/bin/env bash
+# End-to-end tests of the Windows shell's services under Wine: the fault
+# handler on a real structured exception, and the help switch with and
+# without the help file. Each case runs a program through the box driver,
+# which records every message box (title, then text) and closes it; the
+# records and the exit code are compared with what the case expects.
+# Addresses that change from run to run ("at address 0x...", "at offset
+# 0x...") are compared as {HEX}.
+#
+# Needs Wine with an X display (test_windows.sh provides both).
+#
+# Usage: run.sh BUILD_FOLDER
+set -uo pipefail
+
+build=$(realpath "$1")
+box_driver="$build/tests/box_driver.exe"
+probe="$build/tests/fault_probe.exe"
+here=$(cd "$(dirname "$0")" && pwd)
+root=$(cd "$here/../.." && pwd)
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+failed=0
+passed=0
+
+fail() {
+  echo "FAIL $1: $2"
+  failed=$((failed + 1))
+}
+
+# run_case NAME EXPECTED_EXIT EXPECTED_BOXES FOLDER PROGRAM [ARGUMENT...]
+# Runs PROGRAM in FOLDER (its current directory). EXPECTED_BOXES is the
+# records without the last line end.
+run_case() {
+  local name=$1 expected_exit=$2 expected_boxes=$3 folder=$4
+  shift 4
+  local seen="$scratch/$name.boxes" exit_code
+  (cd "$folder" && timeout "${CASE_TIMEOUT:-60}" wine "$box_driver" "$@") >"$seen" 2>"$scratch/$name.err"
+  exit_code=$?
+  sed -i -E 's/at (address|offset) 0x[0-9A-F]{8,16}/at \1 {HEX}/g' "$seen"
+  if [ "$exit_code" != "$expected_exit" ]; then
+    fail "$name" "exit code $exit_code, expected $expected_exit"
+  elif ! diff -u <(printf '%s\n' "$expected_boxes") "$seen" >"$scratch/$name.diff"; then
+    fail "$name" "message boxes differ:"
+    cat "$scratch/$name.diff"
+  else
+    passed=$((passed + 1))
+    return 0
+  fi
+  return 1
+}
+
+fault_box() {  # MODULE ACCESS_LINE
+  printf 'Scrivolt - Unhandled error\nAn unhandled error occurred.  Scrivolt will be closed automatically.\n\nThe error was: Access violation at address {HEX} in module "%s" at offset {HEX};\n%s.\n\nPlease contact Fenwrights about this error.' "$1" "$2"
+}
+
+# A write to address 0 inside the program: the handler names the program's
+# file, ends through the runtime's exit (its exit-time handlers run) with 2.
+mkdir -p "$scratch/write-null"
+if run_case fault-write-null 2 "$(fault_box fault_probe.exe 'invalid write of address 0x00000000.')" \
+  "$scratch/write-null" "$probe" write-null; then
+  [ -f "$scratch/write-null/exit-handlers-ran" ] || fail fault-write-null "the exit-time handlers did not run"
+fi
+
+# A call to an address that no module holds.
+mkdir -p "$scratch/call-nowhere"
+run_case fault-call-nowhere 2 "$(fault_box 'unknown module' 'invalid write of address 0x00000010.')" \
+  "$scratch/call-nowhere" "$probe" call-nowhere
+
+# The help switch. The program runs from a folder of its own, once with the
+# help file in Help/ beside it and once without.
+installed="$scratch/installed"
+mkdir -p "$installed/Help"
+cp "$build/Scrivolt.exe" "$installed/"
+cp "$build/Help/Scrivolt_EN.chm" "$installed/Help/"
+nothing_box=$'Scrivolt - Error processing\nNothing specified to process'
+run_case help-with-file 0 "$nothing_box" "$installed" "$installed/Scrivolt.exe" "/?"
+
+rm -r "$installed/Help"
+run_case help-file-missing 0 \
+  $'Scrivolt - Error opening help page\nThe help page cannot be located.  Please re-install Scrivolt to fix this problem.\n'"$nothing_box" \
+  "$installed" "$installed/Scrivolt.exe" "/?"
+
+# Every help topic the program can ask for is a page of the help file.
+while IFS= read -r page; do
+  if grep -qa "/$page" "$build/Help/Scrivolt_EN.chm"; then
+    passed=$((passed + 1))
+  else
+    fail help-topics "the help file has no page $page"
+  fi
+done < <(sed -n 's/^MESSAGE([0-9]*, HelpTopic[A-Za-z]*, u"\([^"]*\)").*/\1/p' "$root/text/message_list.h")
+
+echo "windows shell: $passed passed, $failed failed"
+[ "$failed" -eq 0 ]
