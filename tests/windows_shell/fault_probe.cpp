@@ -2,7 +2,9 @@
 // installed as the Windows program installs it, so that a test sees the real
 // handler at work on a real structured exception.
 //
-//   fault_probe.exe write-null | call-nowhere
+//   fault_probe.exe write-null | call-nowhere | module-write-null
+//
+// module-write-null faults inside fault_module.dll, which lies beside it.
 //
 // Before faulting it registers an exit-time handler that leaves the file
 // "exit-handlers-ran" in the current folder: the handler ends the process
@@ -40,8 +42,16 @@ int wmain(int argc, wchar_t** argv) {
     *reinterpret_cast<volatile int*>(gNullAddress) = 1;
   } else if (what == L"call-nowhere") {
     reinterpret_cast<void (*)()>(gCodeNowhere)();
+  } else if (what == L"module-write-null") {
+    const HMODULE module = LoadLibraryW(L"fault_module.dll");
+    const FARPROC writeNull = module != nullptr ? GetProcAddress(module, "WriteNull") : nullptr;
+    if (writeNull == nullptr) {
+      std::fprintf(stderr, "fault_probe: fault_module.dll cannot be used\n");
+      return 3;
+    }
+    reinterpret_cast<void (*)()>(reinterpret_cast<void*>(writeNull))();
   } else {
-    std::fprintf(stderr, "usage: fault_probe write-null | call-nowhere\n");
+    std::fprintf(stderr, "usage: fault_probe write-null | call-nowhere | module-write-null\n");
     return 3;
   }
   return 0;

@@ -61,6 +61,11 @@ if run_case fault-write-null 2 "$(fault_box fault_probe.exe 'invalid write of ad
   [ -f "$scratch/write-null/exit-handlers-ran" ] || fail fault-write-null "the exit-time handlers did not run"
 fi
 
+# A fault inside a library names the library, not the program.
+mkdir -p "$scratch/module-write-null"
+run_case fault-in-module 2 "$(fault_box fault_module.dll 'invalid write of address 0x00000000.')" \
+  "$scratch/module-write-null" "$probe" module-write-null
+
 # A call to an address that no module holds.
 mkdir -p "$scratch/call-nowhere"
 run_case fault-call-nowhere 2 "$(fault_box 'unknown module' 'invalid write of address 0x00000010.')" \
