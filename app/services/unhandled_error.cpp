@@ -13,15 +13,29 @@ namespace {
 
 constexpr DWORD kAccessViolation = 0xC0000005;
 constexpr int kExitCodeWithoutCallback = 1;
+constexpr SIZE_T kReportingStackSize = SIZE_T(1) << 20;
 
 UnhandledErrorCallback gCallback = nullptr;
 // The filter that was installed before ours; kept, never called.
 LPTOP_LEVEL_EXCEPTION_FILTER gPreviousFilter = nullptr;
 
+// Reports the fault and ends the process: the callback gives the exit code.
+[[noreturn]] void ReportAndExit(const CSEHandler& fault) {
+  std::exit(gCallback != nullptr ? gCallback(fault) : kExitCodeWithoutCallback);
+}
+
+DWORD WINAPI ReportingThread(void* fault) { ReportAndExit(*static_cast<const CSEHandler*>(fault)); }
+
+// The report runs on a thread of its own with a stack of its own: after a
+// stack overflow the faulting thread has too little stack left to show a
+// message box. The faulting thread waits until the process ends; only when
+// no thread can be made does it report itself.
 LONG WINAPI UnhandledErrorFilter(EXCEPTION_POINTERS* pointers) {
-  int exitCode = kExitCodeWithoutCallback;
-  if (gCallback != nullptr) exitCode = gCallback(CSEHandler(*pointers->ExceptionRecord));
-  std::exit(exitCode);
+  const CSEHandler fault(*pointers->ExceptionRecord);
+  const HANDLE reporter = CreateThread(nullptr, kReportingStackSize, ReportingThread,
+                                       const_cast<CSEHandler*>(&fault), 0, nullptr);
+  if (reporter != nullptr) WaitForSingleObject(reporter, INFINITE);
+  ReportAndExit(fault);
 }
 
 void ShowErrorBox(const WString& text, MessageId title) {

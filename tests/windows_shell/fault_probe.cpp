@@ -2,7 +2,7 @@
 // installed as the Windows program installs it, so that a test sees the real
 // handler at work on a real structured exception.
 //
-//   fault_probe.exe write-null | call-nowhere | module-write-null
+//   fault_probe.exe write-null | call-nowhere | module-write-null | stack-overflow
 //
 // module-write-null faults inside fault_module.dll, which lies beside it.
 //
@@ -25,6 +25,15 @@ namespace {
 // it by a trap instruction of its own.
 volatile std::uintptr_t gNullAddress = 0;
 volatile std::uintptr_t gCodeNowhere = 0x10;
+volatile bool gRecurse = true;
+
+// Recurses until the stack is gone; the volatile buffer keeps each frame
+// large and the recursion from becoming a loop.
+int Deeper(int depth) {
+  volatile char frame[4096];
+  frame[0] = char(depth);
+  return gRecurse ? Deeper(depth + 1) + frame[0] : 0;
+}
 
 void LeaveExitMarker() {
   if (std::FILE* marker = std::fopen("exit-handlers-ran", "w")) std::fclose(marker);
@@ -42,6 +51,8 @@ int wmain(int argc, wchar_t** argv) {
     *reinterpret_cast<volatile int*>(gNullAddress) = 1;
   } else if (what == L"call-nowhere") {
     reinterpret_cast<void (*)()>(gCodeNowhere)();
+  } else if (what == L"stack-overflow") {
+    return Deeper(0);
   } else if (what == L"module-write-null") {
     const HMODULE module = LoadLibraryW(L"fault_module.dll");
     const FARPROC writeNull = module != nullptr ? GetProcAddress(module, "WriteNull") : nullptr;
@@ -51,7 +62,7 @@ int wmain(int argc, wchar_t** argv) {
     }
     reinterpret_cast<void (*)()>(reinterpret_cast<void*>(writeNull))();
   } else {
-    std::fprintf(stderr, "usage: fault_probe write-null | call-nowhere | module-write-null\n");
+    std::fprintf(stderr, "usage: fault_probe write-null | call-nowhere | module-write-null | stack-overflow\n");
     return 3;
   }
   return 0;

@@ -49,26 +49,35 @@ run_case() {
   return 1
 }
 
-fault_box() {  # MODULE ACCESS_LINE
-  printf 'Scrivolt - Unhandled error\nAn unhandled error occurred.  Scrivolt will be closed automatically.\n\nThe error was: Access violation at address {HEX} in module "%s" at offset {HEX};\n%s.\n\nPlease contact Fenwrights about this error.' "$1" "$2"
+fault_box() {  # WHAT MODULE EXTRA_INFO
+  printf 'Scrivolt - Unhandled error\nAn unhandled error occurred.  Scrivolt will be closed automatically.\n\nThe error was: %s at address {HEX} in module "%s" at offset {HEX}%s.\n\nPlease contact Fenwrights about this error.' "$1" "$2" "$3"
+}
+access_violation() {  # MODULE ACCESS_LINE
+  fault_box "Access violation" "$1" $';\n'"$2"
 }
 
 # A write to address 0 inside the program: the handler names the program's
 # file, ends through the runtime's exit (its exit-time handlers run) with 2.
 mkdir -p "$scratch/write-null"
-if run_case fault-write-null 2 "$(fault_box fault_probe.exe 'invalid write of address 0x00000000.')" \
+if run_case fault-write-null 2 "$(access_violation fault_probe.exe 'invalid write of address 0x00000000.')" \
   "$scratch/write-null" "$probe" write-null; then
   [ -f "$scratch/write-null/exit-handlers-ran" ] || fail fault-write-null "the exit-time handlers did not run"
 fi
 
 # A fault inside a library names the library, not the program.
 mkdir -p "$scratch/module-write-null"
-run_case fault-in-module 2 "$(fault_box fault_module.dll 'invalid write of address 0x00000000.')" \
+run_case fault-in-module 2 "$(access_violation fault_module.dll 'invalid write of address 0x00000000.')" \
   "$scratch/module-write-null" "$probe" module-write-null
+
+# A stack overflow leaves too little stack to show a box on; the report
+# comes all the same.
+mkdir -p "$scratch/stack-overflow"
+run_case fault-stack-overflow 2 "$(fault_box "Stack overflow" fault_probe.exe "")" \
+  "$scratch/stack-overflow" "$probe" stack-overflow
 
 # A call to an address that no module holds.
 mkdir -p "$scratch/call-nowhere"
-run_case fault-call-nowhere 2 "$(fault_box 'unknown module' 'invalid write of address 0x00000010.')" \
+run_case fault-call-nowhere 2 "$(access_violation 'unknown module' 'invalid write of address 0x00000010.')" \
   "$scratch/call-nowhere" "$probe" call-nowhere
 
 # The help switch. The program runs from a folder of its own, once with the
