@@ -31,9 +31,5 @@ int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, PWSTR, int) {
   static NScrivolt::CResourceModule resources(instance, instance);
   NScrivolt::SetCurrentResourceModule(&resources);
   NScrivolt::InstallUnhandledErrorHandler(NScrivolt::ShowUnhandledError);
-  try {
-    return RunProgram();
-  } catch (...) {
-    return NScrivolt::ShowUnknownUnhandledError();
-  }
+  return NScrivolt::RunWithLastResort(RunProgram);
 }

@@ -77,4 +77,12 @@ int ShowUnknownUnhandledError() {
   return kUnexpectedErrorExitCode;
 }
 
+int RunWithLastResort(int (*run)()) {
+  try {
+    return run();
+  } catch (...) {
+    return ShowUnknownUnhandledError();
+  }
+}
+
 }  // namespace NScrivolt

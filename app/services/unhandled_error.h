@@ -32,4 +32,8 @@ int ShowUnhandledError(const CSEHandler& fault);
 // the exit code 255.
 int ShowUnknownUnhandledError();
 
+// Runs `run` and returns its exit code; an exception that leaves it ends in
+// ShowUnknownUnhandledError.
+int RunWithLastResort(int (*run)());
+
 }  // namespace NScrivolt

@@ -2,7 +2,10 @@
 // installed as the Windows program installs it, so that a test sees the real
 // handler at work on a real structured exception.
 //
-//   fault_probe.exe write-null | call-nowhere | module-write-null | stack-overflow
+//   fault_probe.exe write-null | call-nowhere | module-write-null | stack-overflow | throw
+//
+// throw lets an exception leave the run, which the entry point's last
+// resort catches.
 //
 // module-write-null faults inside fault_module.dll, which lies beside it.
 //
@@ -14,6 +17,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <new>
 #include <string>
 
 #include "app/services/unhandled_error.h"
@@ -41,6 +45,8 @@ void LeaveExitMarker() {
 
 }  // namespace
 
+int ThrowOutOfMemory() { throw std::bad_alloc(); }
+
 int wmain(int argc, wchar_t** argv) {
   static NScrivolt::CResourceModule resources(GetModuleHandleW(nullptr), GetModuleHandleW(nullptr));
   NScrivolt::SetCurrentResourceModule(&resources);
@@ -51,6 +57,8 @@ int wmain(int argc, wchar_t** argv) {
     *reinterpret_cast<volatile int*>(gNullAddress) = 1;
   } else if (what == L"call-nowhere") {
     reinterpret_cast<void (*)()>(gCodeNowhere)();
+  } else if (what == L"throw") {
+    return NScrivolt::RunWithLastResort(ThrowOutOfMemory);
   } else if (what == L"stack-overflow") {
     return Deeper(0);
   } else if (what == L"module-write-null") {
@@ -62,7 +70,7 @@ int wmain(int argc, wchar_t** argv) {
     }
     reinterpret_cast<void (*)()>(reinterpret_cast<void*>(writeNull))();
   } else {
-    std::fprintf(stderr, "usage: fault_probe write-null | call-nowhere | module-write-null | stack-overflow\n");
+    std::fprintf(stderr, "usage: fault_probe write-null | call-nowhere | module-write-null | stack-overflow | throw\n");
     return 3;
   }
   return 0;

@@ -75,6 +75,11 @@ mkdir -p "$scratch/stack-overflow"
 run_case fault-stack-overflow 2 "$(fault_box "Stack overflow" fault_probe.exe "")" \
   "$scratch/stack-overflow" "$probe" stack-overflow
 
+# An exception that leaves the run reaches the entry point's last resort.
+mkdir -p "$scratch/throw"
+run_case last-resort 255 $'Scrivolt - Unhandled error\nAn unknown unhandled error occurred.  Scrivolt will be closed automatically.\n\nPlease contact Fenwrights about this error.' \
+  "$scratch/throw" "$probe" throw
+
 # A call to an address that no module holds.
 mkdir -p "$scratch/call-nowhere"
 run_case fault-call-nowhere 2 "$(access_violation 'unknown module' 'invalid write of address 0x00000010.')" \
