@@ -108,5 +108,14 @@ while IFS= read -r page; do
   fi
 done < <(sed -n 's/^MESSAGE([0-9]*, HelpTopic[A-Za-z]*, u"\([^"]*\)").*/\1/p' "$root/text/message_list.h")
 
+# Every link between the help pages leads to a page of the help file.
+while IFS= read -r target; do
+  if grep -qx "$target" "$root/help/Scrivolt_EN.hhp"; then
+    passed=$((passed + 1))
+  else
+    fail help-links "a help page links to $target, which the help file does not hold"
+  fi
+done < <(grep -oh 'href="[^"#:]*"' "$root"/help/*.html | sed 's/^href="//; s/"$//' | sort -u)
+
 echo "windows shell: $passed passed, $failed failed"
 [ "$failed" -eq 0 ]
