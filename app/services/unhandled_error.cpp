@@ -18,6 +18,8 @@ constexpr SIZE_T kReportingStackSize = SIZE_T(1) << 20;
 UnhandledErrorCallback gCallback = nullptr;
 // The filter that was installed before ours; kept, never called.
 LPTOP_LEVEL_EXCEPTION_FILTER gPreviousFilter = nullptr;
+// Set by the first fault that is reported.
+LONG volatile gReporting = 0;
 
 // Reports the fault and ends the process: the callback gives the exit code.
 [[noreturn]] void ReportAndExit(const CSEHandler& fault) {
@@ -29,11 +31,12 @@ DWORD WINAPI ReportingThread(void* fault) { ReportAndExit(*static_cast<const CSE
 // The report runs on a thread of its own with a stack of its own: after a
 // stack overflow the faulting thread has too little stack left to show a
 // message box. The faulting thread waits until the process ends; only when
-// no thread can be made does it report itself.
+// no thread can be made does it report itself. A fault while the report is
+// under way (in the callback itself, say) ends the process at once.
 LONG WINAPI UnhandledErrorFilter(EXCEPTION_POINTERS* pointers) {
-  const CSEHandler fault(*pointers->ExceptionRecord);
-  const HANDLE reporter = CreateThread(nullptr, kReportingStackSize, ReportingThread,
-                                       const_cast<CSEHandler*>(&fault), 0, nullptr);
+  if (InterlockedExchange(&gReporting, 1) != 0) std::_Exit(kUnhandledErrorExitCode);
+  CSEHandler fault(*pointers->ExceptionRecord);
+  const HANDLE reporter = CreateThread(nullptr, kReportingStackSize, ReportingThread, &fault, 0, nullptr);
   if (reporter != nullptr) WaitForSingleObject(reporter, INFINITE);
   ReportAndExit(fault);
 }

@@ -2,10 +2,10 @@
 // installed as the Windows program installs it, so that a test sees the real
 // handler at work on a real structured exception.
 //
-//   fault_probe.exe write-null | call-nowhere | module-write-null | stack-overflow | throw
+//   fault_probe.exe write-null | call-nowhere | module-write-null | stack-overflow | throw | fault-in-report
 //
 // throw lets an exception leave the run, which the entry point's last
-// resort catches.
+// resort catches; fault-in-report installs a callback that faults itself.
 //
 // module-write-null faults inside fault_module.dll, which lies beside it.
 //
@@ -45,6 +45,13 @@ void LeaveExitMarker() {
 
 }  // namespace
 
+int WriteNull() {
+  *reinterpret_cast<volatile int*>(gNullAddress) = 1;
+  return 0;
+}
+
+int FaultingReport(const NScrivolt::CSEHandler&) { return WriteNull(); }
+
 int ThrowOutOfMemory() { throw std::bad_alloc(); }
 
 int wmain(int argc, wchar_t** argv) {
@@ -54,7 +61,10 @@ int wmain(int argc, wchar_t** argv) {
   std::atexit(LeaveExitMarker);
   const std::wstring what = argc > 1 ? argv[1] : L"";
   if (what == L"write-null") {
-    *reinterpret_cast<volatile int*>(gNullAddress) = 1;
+    return WriteNull();
+  } else if (what == L"fault-in-report") {
+    NScrivolt::InstallUnhandledErrorHandler(FaultingReport);
+    return WriteNull();
   } else if (what == L"call-nowhere") {
     reinterpret_cast<void (*)()>(gCodeNowhere)();
   } else if (what == L"throw") {
@@ -70,7 +80,7 @@ int wmain(int argc, wchar_t** argv) {
     }
     reinterpret_cast<void (*)()>(reinterpret_cast<void*>(writeNull))();
   } else {
-    std::fprintf(stderr, "usage: fault_probe write-null | call-nowhere | module-write-null | stack-overflow | throw\n");
+    std::fprintf(stderr, "usage: fault_probe write-null | call-nowhere | module-write-null | stack-overflow | throw | fault-in-report\n");
     return 3;
   }
   return 0;

@@ -39,7 +39,7 @@ run_case() {
   sed -i -E 's/at (address|offset) 0x[0-9A-F]{8,16}/at \1 {HEX}/g' "$seen"
   if [ "$exit_code" != "$expected_exit" ]; then
     fail "$name" "exit code $exit_code, expected $expected_exit"
-  elif ! diff -u <(printf '%s\n' "$expected_boxes") "$seen" >"$scratch/$name.diff"; then
+  elif ! diff -u <([ -z "$expected_boxes" ] || printf '%s\n' "$expected_boxes") "$seen" >"$scratch/$name.diff"; then
     fail "$name" "message boxes differ:"
     cat "$scratch/$name.diff"
   else
@@ -74,6 +74,10 @@ run_case fault-in-module 2 "$(access_violation fault_module.dll 'invalid write o
 mkdir -p "$scratch/stack-overflow"
 run_case fault-stack-overflow 2 "$(fault_box "Stack overflow" fault_probe.exe "")" \
   "$scratch/stack-overflow" "$probe" stack-overflow
+
+# A report that faults itself ends the process at once, with no box.
+mkdir -p "$scratch/fault-in-report"
+run_case fault-in-report 2 "" "$scratch/fault-in-report" "$probe" fault-in-report
 
 # An exception that leaves the run reaches the entry point's last resort.
 mkdir -p "$scratch/throw"
