@@ -98,6 +98,34 @@ cp "$build/Help/Scrivolt_EN.chm" "$installed/Help/"
 nothing_box=$'Scrivolt - Error processing\nNothing specified to process'
 run_case help-with-file 0 "$nothing_box" "$installed" "$installed/Scrivolt.exe" "/?"
 
+# The same run seen from the screen: the help viewer shows a window titled
+# with the help file's title while the run's feedback box is up. The run is
+# ended once both were seen.
+viewer_seen() {
+  local windows
+  (cd "$installed" && exec wine "$installed/Scrivolt.exe" "/?") >/dev/null 2>&1 &
+  local run=$! waited=0
+  while [ $waited -lt 300 ]; do
+    windows=$(xwininfo -root -tree 2>/dev/null)
+    if grep -q '"Scrivolt Help": ("scrivolt.exe"' <<<"$windows" &&
+      grep -q '"Scrivolt - Error processing": ("scrivolt.exe"' <<<"$windows"; then
+      kill "$run" 2>/dev/null
+      wait "$run" 2>/dev/null
+      return 0
+    fi
+    sleep 0.2
+    waited=$((waited + 1))
+  done
+  kill "$run" 2>/dev/null
+  wait "$run" 2>/dev/null
+  return 1
+}
+if viewer_seen; then
+  passed=$((passed + 1))
+else
+  fail help-viewer "no help viewer window \"Scrivolt Help\" appeared for /?"
+fi
+
 rm -r "$installed/Help"
 run_case help-file-missing 0 \
   $'Scrivolt - Error opening help page\nThe help page cannot be located.  Please re-install Scrivolt to fix this problem.\n'"$nothing_box" \
