@@ -145,3 +145,7 @@ MESSAGE(40150, UsagePosix, u"On Linux:\n  - Each argument is one token as the sh
 
 // Encoding a parameter tree as XML.
 MESSAGE(40151, XmlNestedTooDeep, u"Too many nested sub-tags ([NUMBER]) to encode as XML")
+
+// Reading and writing JSON.
+MESSAGE(40152, InvalidJson, u"The specified JSON is invalid at line [LINE], column [COLUMN]")
+MESSAGE(40153, JsonNestedTooDeep, u"Too many nested levels ([NUMBER]) to encode as JSON")

@@ -2,6 +2,7 @@
 
 #include <iterator>
 
+#include "engine/codecs/json_params.h"
 #include "engine/codecs/structured_codecs.h"
 #include "engine/codecs/text_codecs.h"
 #include "engine/codecs/xml_params.h"
@@ -36,6 +37,8 @@ const CCodecFormat kFormats[] = {
     {u"tsv", TsvFieldEncode, TsvFieldDecode, nullptr, nullptr},
     {u"tsvline", nullptr, nullptr, EncodeInfallible<EncodeTsvLine>, DecodeInfallible<DecodeTsvLine>},
     {u"tsvlines", nullptr, nullptr, EncodeInfallible<EncodeTsvLines>, DecodeInfallible<DecodeTsvLines>},
+    {u"json", nullptr, nullptr, EncodeJsonTree, DecodeJsonTree},
+    {u"jsonstring", JsonStringEncode, JsonStringDecode, nullptr, nullptr},
     {u"rtf", RtfEncode, RtfDecode, nullptr, nullptr},
     {u"scrivoltscript", ScriptMarkersEncode, ScriptMarkersDecode, nullptr, nullptr},
     {u"scrivoltliteral", LiteralEncode, LiteralDecode, nullptr, nullptr},

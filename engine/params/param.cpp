@@ -11,13 +11,14 @@ CParam::CParam(const CParam& other)
     : value_(other.value_),
       id_(other.IdAsKept()),
       automaticNumber_(other.automaticNumber_),
+      valueKind_(other.valueKind_),
       children_(other.children_) {
   if (children_ != nullptr) children_->AddRef();
 }
 
 CParam::~CParam() { CParamChildList::Release(children_, this); }
 
-void CParam::SetValueNumber(std::int32_t value) { value_ = IntegerToText(value); }
+void CParam::SetValueNumber(std::int32_t value) { SetValue(IntegerToText(value)); }
 
 const CParamId& CParam::IdAsKept() const {
   if (container_ != nullptr && container_->IndexPending(*this)) container_->Normalize();
@@ -218,7 +219,7 @@ void CParam::RemoveChild(const CParamId& id) {
 
 void CParam::Clear() {
   ReplaceChildren(nullptr);
-  value_ = WString();
+  SetValue(WString());
 }
 
 void CParam::ClearChildren() { ReplaceChildren(nullptr); }
@@ -229,7 +230,7 @@ void CParam::CopyFrom(const CParam& source) {
   if (&source == this) return;
   CParam snapshot(source);
   if (IsDescendantOf(source)) snapshot.SeparatePathTo(*this, source);
-  value_ = std::move(snapshot.value_);
+  SetValue(std::move(snapshot.value_), snapshot.valueKind_);
   ReplaceChildren(snapshot.TakeChildren());
 }
 

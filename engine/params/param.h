@@ -64,6 +64,17 @@ namespace NScrivolt {
 
 class CParamChildList;
 
+// What a value stands for beyond its text, for the data formats that tell
+// a number or an empty collection apart from a text. Every change of the
+// value makes it plain Text again.
+enum class ValueKind : std::uint8_t {
+  Text,         // text (every value set by a template)
+  Literal,      // a number, true or false, the value being the literal as written
+  Null,         // null; the value is empty
+  EmptyObject,  // an object without members; no value, no children
+  EmptyArray,   // an array without elements; no value, no children
+};
+
 class CParam {
  public:
   CParam() = default;
@@ -75,10 +86,21 @@ class CParam {
   virtual ~CParam();
 
   const WString& GetValue() const { return value_; }
-  void SetValue(WString value) { value_ = std::move(value); }
+  void SetValue(WString value) {
+    value_ = std::move(value);
+    valueKind_ = ValueKind::Text;
+  }
+  // Sets the value and says what it stands for.
+  void SetValue(WString value, ValueKind kind) {
+    value_ = std::move(value);
+    valueKind_ = kind;
+  }
+  ValueKind GetValueKind() const { return valueKind_; }
   // The number in plain decimal, "-" before negatives.
   void SetValueNumber(std::int32_t value);
   const CParamId& GetId() const;
+  // True for a child made by number, and for one whose name was taken.
+  bool HasAutomaticName() const { return automaticNumber_ != 0; }
   std::size_t Count() const;
   // asNumber: "#" and the 1-based number; otherwise the display name.
   static WString IdText(const CParamId& id, bool asNumber);
@@ -167,6 +189,7 @@ class CParam {
   // Name and key stay empty for an automatic name until GetId writes them out.
   mutable CParamId id_;
   std::uint64_t automaticNumber_ = 0;  // of an automatic name; 0 for a name given
+  ValueKind valueKind_ = ValueKind::Text;
   CParamChildList* children_ = nullptr;   // shared; null without children
   CParamChildList* container_ = nullptr;  // the list holding this node; null for a root
 };
