@@ -27,3 +27,4 @@ run file_bench "${folder[@]}"
 run process_bench 100 "${folder[@]}"
 run codec_bench
 run xml_bench
+run json_bench
