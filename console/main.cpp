@@ -3,6 +3,7 @@
 // version lines. Everything else is a command-line run, whose result is the
 // exit code. A help switch is a switch of the run like any other: it prints
 // the usage text and the run goes on.
+#include <csignal>
 #include <cstdint>
 #include <cstdio>
 #include <exception>
@@ -62,6 +63,11 @@ int RunProgram(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  // A file-size limit or a closed pipe then fails the write that meets it,
+  // which reports "Cannot write" and keeps the old file, instead of ending
+  // the program in the middle of it.
+  std::signal(SIGXFSZ, SIG_IGN);
+  std::signal(SIGPIPE, SIG_IGN);
   try {
     return RunProgram(argc, argv);
   } catch (const std::exception& error) {

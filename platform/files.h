@@ -38,10 +38,14 @@ class CFileReader {
   std::unique_ptr<CState> state_;
 };
 
-// Writes a file under a temporary name in the target's folder and puts it in
-// place of the target only when it is complete: until Commit succeeds the
-// target is as it was, and a replacement that is not committed removes its
-// temporary file when it ends.
+// Replaces the content of a file and nothing else: a symbolic link is
+// followed and stays a link; an existing file keeps its owner, group,
+// permissions and hard links; a device, pipe or terminal is written as it is.
+// Until Commit succeeds the target is as it was, and a replacement that is
+// not committed leaves nothing behind. Where the platform can, the new
+// content is written beside the target and moved over it at once; where it
+// cannot (devices, files with several links, folders that take no new file)
+// the text is collected and written into the target at Commit.
 class CFileReplacement {
  public:
   CFileReplacement();
@@ -49,13 +53,13 @@ class CFileReplacement {
   CFileReplacement& operator=(const CFileReplacement&) = delete;
   ~CFileReplacement();
 
-  // Creates the temporary file. False when the target is a folder or
-  // read-only, or no file can be made beside it.
+  // Prepares the writing. False when the target is a folder, is read-only,
+  // or does not exist and cannot be created.
   bool Open(const WString& path);
   // Appends to the temporary file; false when writing fails.
   bool Write(std::string_view bytes);
-  // Closes the temporary file and renames it over the target; false, with
-  // the target as it was and the temporary file gone, when that fails.
+  // Puts the new content in place; false when that fails, with the target
+  // as it was wherever the failure shows before the target is touched.
   bool Commit();
 
  private:

@@ -77,5 +77,34 @@ TEST(Win32Files, ReadOnlyTargetIsNotReplaced) {
   EXPECT_EQ(folder.Names(), std::set<std::string>{"out.txt"});
 }
 
+TEST(Win32Files, DevicesAreWrittenInPlace) {
+  EXPECT_TRUE(Platform::WriteWholeFile(u"NUL", "into nothing"));
+  EXPECT_TRUE(Platform::WriteWholeFile(u"nul", ""));
+}
+
+TEST(Win32Files, HardLinksStayLinked) {
+  Testing::CScratchFolder folder;
+  folder.Put("one.txt", "a longer old content");
+  const WString one = folder.Path("one.txt");
+  const WString two = folder.Path("two.txt");
+  ASSERT_TRUE(CreateHardLinkW(reinterpret_cast<const wchar_t*>(two.c_str()), reinterpret_cast<const wchar_t*>(one.c_str()),
+                              nullptr));
+  ASSERT_TRUE(Platform::WriteWholeFile(one, "new"));
+  EXPECT_EQ(folder.Get("two.txt"), "new");
+  EXPECT_EQ(folder.Names(), (std::set<std::string>{"one.txt", "two.txt"}));
+}
+
+TEST(Win32Files, ReplacingKeepsTheAttributes) {
+  Testing::CScratchFolder folder;
+  folder.Put("out.txt", "old");
+  const WString target = folder.Path("out.txt");
+  const auto* native = reinterpret_cast<const wchar_t*>(target.c_str());
+  ASSERT_TRUE(SetFileAttributesW(native, FILE_ATTRIBUTE_HIDDEN));
+  ASSERT_TRUE(Platform::WriteWholeFile(target, "new"));
+  EXPECT_NE(GetFileAttributesW(native) & FILE_ATTRIBUTE_HIDDEN, 0u);
+  EXPECT_EQ(folder.Get("out.txt"), "new");
+  EXPECT_EQ(folder.Names(), std::set<std::string>{"out.txt"});
+}
+
 }  // namespace
 }  // namespace NScrivolt
