@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "engine/process_context.h"
+#include "platform/files.h"
 #include "text/file_io.h"
 #include "text/text.h"
 
@@ -25,8 +26,13 @@ CFileContentSource::CFileContentSource(WString path, EncodingType type, bool isE
 void CFileContentSource::Prepare() {
   if (setInFile_) record_->inFile = path_;
   record_->currentFile = path_;
-  record_->description =
-      !description.empty() ? description : CText(MsgFileDescription).Replace(u"[FILEPATH]", WStringView(path_)).str();
+  if (!description.empty()) {
+    record_->description = description;
+  } else if (Platform::IsStandardStream(path_)) {
+    record_->description = CText(MsgStandardInputDescription).str();
+  } else {
+    record_->description = CText(MsgFileDescription).Replace(u"[FILEPATH]", WStringView(path_)).str();
+  }
   record_->encoding = EncodingInfo{};
   if (explicit_) record_->encoding.type = type_;
 }

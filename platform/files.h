@@ -13,8 +13,13 @@
 
 namespace NScrivolt::Platform {
 
-// Something exists at `path`: a file or a folder.
+// Something exists at `path`: a file or a folder. Standard input and output
+// always exist.
 bool FileExists(const WString& path);
+
+// True for "-" on Linux, the name of standard input when read and of
+// standard output when written. The Windows program has no such name.
+bool IsStandardStream(WStringView path);
 
 // Reads one file from its start to its end, piece by piece.
 class CFileReader {

@@ -125,6 +125,7 @@ WriteOutcome EncodeAndWrite(const WString& path, WStringView text, EncodingType 
 }  // namespace
 
 WString ResolveFilePath(const WString& path, const WString& basePath) {
+  if (Platform::IsStandardStream(path)) return path;
   const WString located = IsRootRelative(path) ? BelowBasePath(path, basePath) : path;
   WString full;
   return Platform::FullPath(located, full) ? full : located;

@@ -170,7 +170,9 @@ struct CFileReplacement::CState {
 
   // Reserves the new size first, so that a lack of space shows before the
   // old content is touched; file systems that cannot reserve just write.
+  // Standard output is written as it stands, appending where it appends.
   bool CommitInPlace() {
+    if (IsStandardStream(Utf8ToWide(target))) return WriteAll(STDOUT_FILENO, pending);
     fd = open(target.c_str(), O_WRONLY | O_CLOEXEC);
     if (fd < 0) return false;
     struct stat info;
@@ -199,7 +201,9 @@ bool CFileReplacement::Open(const WString& path) {
   auto state = std::make_unique<CState>();
   const std::string given = WideToUtf8(path);
   struct stat info;
-  if (stat(given.c_str(), &info) != 0) {
+  if (IsStandardStream(path)) {
+    state->target = given;
+  } else if (stat(given.c_str(), &info) != 0) {
     if (errno != ENOENT || !FollowLinks(given, state->target) || !state->StartReplacement(nullptr)) return false;
   } else if (S_ISDIR(info.st_mode) || access(given.c_str(), W_OK) != 0) {
     return false;

@@ -15,8 +15,10 @@
 
 namespace NScrivolt::Platform {
 
+bool IsStandardStream(WStringView path) { return path == u"-"; }
+
 bool FileExists(const WString& path) {
-  return IsWholePath(path) && access(WideToUtf8(path).c_str(), F_OK) == 0;
+  return IsStandardStream(path) || (IsWholePath(path) && access(WideToUtf8(path).c_str(), F_OK) == 0);
 }
 
 // --- CFileReader ----------------------------------------------------------------
@@ -40,7 +42,7 @@ CFileReader::~CFileReader() = default;
 bool CFileReader::Open(const WString& path) {
   state_.reset();
   if (!IsWholePath(path)) return false;
-  const int fd = open(WideToUtf8(path).c_str(), O_RDONLY | O_CLOEXEC);
+  const int fd = IsStandardStream(path) ? dup(STDIN_FILENO) : open(WideToUtf8(path).c_str(), O_RDONLY | O_CLOEXEC);
   if (fd < 0) return false;
   auto state = std::make_unique<CState>(fd);
   struct stat info;

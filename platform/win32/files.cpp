@@ -12,6 +12,8 @@
 
 namespace NScrivolt::Platform {
 
+bool IsStandardStream(WStringView) { return false; }
+
 bool FileExists(const WString& path) { return IsWholePath(path) && _waccess(AsWin(path), 0) == 0; }
 
 // --- CFileReader ----------------------------------------------------------------

@@ -8,6 +8,7 @@
 #   expected/     files that must exist afterwards with exactly these bytes
 #   absent        names (one per line) that must NOT exist afterwards
 #   exit_code     the expected exit code (0 when missing)
+#   stdin         given as standard input (POSIX program only; else nothing)
 #   stdout        expected standard output (POSIX program only)
 #   stderr        expected message boxes: the POSIX program writes each to
 #                 standard error as its title on one line and its text below;
@@ -67,13 +68,14 @@ run_case() {
   [ -f "$case_dir/args" ] && mapfile -t args < "$case_dir/args"
   local i
   for i in "${!args[@]}"; do args[$i]=${args[$i]//\{DIR\}/$seen}; done
-  local code
+  local code stdin=/dev/null
+  [ -f "$case_dir/stdin" ] && stdin=$case_dir/stdin
   if [ "$platform" = windows ]; then
     (cd "$work" && timeout "${CASE_TIMEOUT:-60}" wine "$box_driver" "$program" "${args[@]}" \
        >"$scratch/$name.stderr" 2>"$scratch/$name.wine" </dev/null)
   else
     (cd "$work" && timeout "${CASE_TIMEOUT:-60}" env LC_ALL=C.UTF-8 "$program" "${args[@]}" \
-       >"$scratch/$name.stdout" 2>"$scratch/$name.stderr" </dev/null)
+       >"$scratch/$name.stdout" 2>"$scratch/$name.stderr" <"$stdin")
   fi
   code=$?
   local expected_code=0 problems=()
