@@ -1,7 +1,7 @@
 # The two commands of the README:
 #   make demo   builds the Linux program and runs the letter example
 #   make test   installs what is missing, builds both targets, runs every test
-.PHONY: demo test deps layers linux linux-asan windows unit asan-unit windows-unit e2e windows-e2e bench fuzz clean
+.PHONY: demo test deps layers linux linux-asan windows unit asan-unit windows-unit e2e asan-e2e windows-e2e faults bench fuzz fuzz-smoke clean
 
 JOBS ?= $(shell nproc)
 
@@ -41,6 +41,27 @@ windows-unit: windows
 e2e: linux
 	./tests/e2e/run.sh build/linux/scrivolt
 
+# The same cases against the program built with AddressSanitizer and
+# UndefinedBehaviorSanitizer.
+asan-e2e: linux-asan
+	./tests/e2e/run.sh build/linux-asan/scrivolt
+
+# Killed runs, full disks, file-size limits, devices and links, and very
+# large inputs (several GB of memory, some minutes; --quick skips those).
+faults: linux
+	./tests/faults/run.sh build/linux/scrivolt
+
+# Every fuzz target for 20 seconds (part of the test), or for FUZZ_SECONDS
+# (default 600) each.
+fuzz-smoke:
+	./scripts/fuzz.sh 20
+
+fuzz:
+	./scripts/fuzz.sh $(or $(FUZZ_SECONDS),600)
+
+bench:
+	./bench/run.sh
+
 windows-e2e: windows
 	./scripts/test_windows.sh build/windows --e2e
 
@@ -50,6 +71,8 @@ test: deps
 	$(MAKE) asan-unit
 	$(MAKE) windows-unit
 	$(MAKE) e2e
+	$(MAKE) asan-e2e
+	$(MAKE) fuzz-smoke
 	$(MAKE) windows-e2e
 	@echo "All tests passed."
 

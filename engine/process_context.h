@@ -15,7 +15,15 @@ namespace NScrivolt {
 class CParsePart;
 
 // Part lists may be evaluated this many levels below the template itself.
+// The fuzz build lowers it, and bounds loops, so that every random template
+// ends soon; other builds have no bound on loops.
+#ifdef SCRIVOLT_FUZZ_LIMITS
+constexpr int kMaxNestingDepth = 32;
+constexpr long long kMaxLoopRounds = 16;
+#else
 constexpr int kMaxNestingDepth = 1000;
+constexpr long long kMaxLoopRounds = 0x7fffffffffffffffLL;
+#endif
 
 // Names of the parameters the engine itself reads and sets.
 inline constexpr WStringView kBasePathParam = u"_BasePath";

@@ -79,7 +79,7 @@ WString CConditionalLoop::RunLoop(CProcessContext& context, bool testFirst, bool
                                   WString& output) const {
   CParamQualifier loopNumber;
   WString errorText = EvaluateQualifier(*this, loopNumber_, u"LoopNr", context, false, loopNumber);
-  for (std::int64_t round = 1; errorText.empty(); ++round) {
+  for (std::int64_t round = 1; errorText.empty() && round <= kMaxLoopRounds; ++round) {
     if (loopNumber_ != nullptr) SetNumberParam(context, loopNumber, round);
     bool holds = false;
     if (testFirst) {
@@ -134,7 +134,8 @@ WString CFunctionFor::Execute(CProcessContext& context, WString& output) {
     return errorText;
   }
   std::int64_t round = 1;
-  for (CForRange range(ReadInteger(from), ReadInteger(to), stepNumber); !range.Done(); range.Advance(), ++round) {
+  for (CForRange range(ReadInteger(from), ReadInteger(to), stepNumber); !range.Done() && round <= kMaxLoopRounds;
+       range.Advance(), ++round) {
     if (value_ != nullptr) context.Root().FindParam(value, true)->SetValueNumber(range.Current());
     if (loopNumber_ != nullptr) SetNumberParam(context, loopNumber, round);
     errorText = AppendEvaluation(*this, do_, u"Do", context, output);
