@@ -1,7 +1,7 @@
 # The two commands of the README:
 #   make demo   builds the Linux program and runs the letter example
 #   make test   installs what is missing, builds both targets, runs every test
-.PHONY: demo test deps layers linux linux-asan windows unit asan-unit windows-unit e2e asan-e2e windows-e2e faults bench fuzz fuzz-smoke clean
+.PHONY: demo test deps layers linux linux-asan windows unit asan-unit windows-unit e2e asan-e2e windows-e2e faults bench fuzz fuzz-smoke package clean
 
 JOBS ?= $(shell nproc)
 
@@ -61,6 +61,11 @@ fuzz:
 
 bench:
 	./bench/run.sh
+
+# The Linux packages: build/linux/scrivolt_11.3.3_amd64.deb and
+# build/linux/scrivolt-11.3.3-linux-x86_64.tar.gz.
+package: linux
+	cd build/linux && cpack
 
 windows-e2e: windows
 	./scripts/test_windows.sh build/windows --e2e

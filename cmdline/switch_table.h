@@ -27,9 +27,17 @@ enum class SwitchKind {
   Unknown
 };
 
+// The name of a switch other than Unknown, without "/".
+WStringView SwitchName(SwitchKind kind);
+
 // The switch a name (without its "/" or "--") stands for, ignoring case; no
 // abbreviations.
 SwitchKind FindSwitch(WStringView name);
+
+// The switch name one or two letters away from `name` (a letter added,
+// dropped or changed, ignoring case), for a hint after a typing error; empty
+// when no name is that close, or `name` is a switch name itself.
+WStringView NearestSwitchName(WStringView name);
 
 // The token without its leading "--" or "/"; other tokens as they are.
 WStringView SwitchNameOf(WStringView token);

@@ -7,10 +7,12 @@
 #include <cstdint>
 #include <cstdio>
 #include <exception>
+#include <initializer_list>
 #include <string>
 #include <vector>
 
 #include "cmdline/cmd_line_processor.h"
+#include "cmdline/switch_table.h"
 #include "cmdline/unexpected_error.h"
 #include "text/text.h"
 #include "text/usage_text.h"
@@ -43,21 +45,49 @@ std::vector<WString> VisibleArguments(int argc, char** argv) {
   return visible;
 }
 
+// "--version" and "--help" ignore case like every switch; "-V" and "-h" are
+// the short forms console programs know.
+bool IsOneOf(const WString& argument, std::initializer_list<WStringView> forms) {
+  for (const WStringView form : forms) {
+    if (form.size() > 2 ? EqualsIgnoreCase(argument, form) : argument == form) return true;
+  }
+  return false;
+}
+
+// After a failed run: a token that starts with "/" but names no switch, and
+// is close to a switch name, was most likely that switch mistyped.
+void PrintSwitchHint(const std::vector<WString>& arguments) {
+  for (const WString& argument : arguments) {
+    if (argument.size() < 2 || argument[0] != u'/' || FindSwitch(SwitchNameOf(argument)) != SwitchKind::Unknown) continue;
+    const WStringView nearest = NearestSwitchName(SwitchNameOf(argument));
+    if (nearest.empty()) continue;
+    const std::string hint = "did you mean /" + WideToUtf8(nearest) + "?\n";
+    std::fwrite(hint.data(), 1, hint.size(), stderr);
+    return;
+  }
+}
+
 int RunProgram(int argc, char** argv) {
   const std::vector<WString> visible = VisibleArguments(argc, argv);
   if (visible.empty()) {
     PrintToStandardOutput(UsageText());
     return 0;
   }
-  if (visible.size() == 1 && EqualsIgnoreCase(visible[0], u"--version")) {
+  if (visible.size() == 1 && IsOneOf(visible[0], {u"--version", u"-V"})) {
     PrintToStandardOutput(CText(MsgVersion).str() + u"\n" + CText(MsgReleaseDate).str() + u"\n");
+    return 0;
+  }
+  if (visible.size() == 1 && IsOneOf(visible[0], {u"--help", u"-h"})) {
+    PrintToStandardOutput(UsageText());
     return 0;
   }
   std::vector<WString> arguments;
   for (int i = 1; i < argc; ++i) arguments.push_back(Utf8ToWide(argv[i]));
   CPlatformRunScreen screen(PrintUsageText);
   CCmdLineProcessor processor(screen);
-  return processor.Run(arguments) ? 0 : 1;
+  if (processor.Run(arguments)) return 0;
+  PrintSwitchHint(arguments);
+  return 1;
 }
 
 }  // namespace
