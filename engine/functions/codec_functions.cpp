@@ -11,11 +11,13 @@ namespace NScrivolt {
 
 // --- decode --------------------------------------------------------------------
 
-int CFunctionDecode::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  if (name == u"what") return BindArgument(what_, part);
-  if (name == u"from") return BindArgument(from_, part);
-  if (name == u"to") return BindArgument(to_, part);
-  return kArgumentUnknown;
+const CArgumentTable& CFunctionDecode::Arguments() const {
+  static const CArgumentTable table{
+      Single(u"what", &CFunctionDecode::what_),
+      Single(u"from", &CFunctionDecode::from_),
+      Single(u"to", &CFunctionDecode::to_),
+  };
+  return table;
 }
 
 WString CFunctionDecode::Execute(CProcessContext& context, WString& output) {
@@ -45,10 +47,12 @@ WString CFunctionDecode::Execute(CProcessContext& context, WString& output) {
 
 // --- encode --------------------------------------------------------------------
 
-int CFunctionEncode::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  if (name == u"what") return BindArgument(what_, part);
-  if (name == u"for") return BindArgument(for_, part);
-  return kArgumentUnknown;
+const CArgumentTable& CFunctionEncode::Arguments() const {
+  static const CArgumentTable table{
+      Single(u"what", &CFunctionEncode::what_),
+      Single(u"for", &CFunctionEncode::for_),
+  };
+  return table;
 }
 
 WString CFunctionEncode::Execute(CProcessContext& context, WString& output) {

@@ -12,7 +12,7 @@ namespace NScrivolt {
 // before the keyword is looked at.
 class CFunctionDecode : public CFunction {
  public:
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  const CArgumentTable& Arguments() const override;
   WString Execute(CProcessContext& context, WString& output) override;
 
  private:
@@ -25,7 +25,7 @@ class CFunctionDecode : public CFunction {
 // written in format F.
 class CFunctionEncode : public CFunction {
  public:
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  const CArgumentTable& Arguments() const override;
   WString Execute(CProcessContext& context, WString& output) override;
 
  private:

@@ -22,26 +22,6 @@ enum ComparisonKind : int {
   kIsGreaterThanEq = 7,
 };
 
-struct CConditionArgument {
-  WStringView name;  // lower-cased, as AcceptArgument sees it
-  bool isSubject;    // shares the subject slot; otherwise the comparand slot
-  int kind;          // the kind it sets; kKeepKind leaves it as it is
-};
-
-constexpr int kKeepKind = -1;
-
-constexpr CConditionArgument kConditionArguments[] = {
-    {u"what", true, kKeepKind},
-    {u"paramset", true, kParamSet},
-    {u"paramnotset", true, kParamNotSet},
-    {u"is", false, kIs},
-    {u"isnot", false, kIsNot},
-    {u"islowerthan", false, kIsLowerThan},
-    {u"islowerthaneq", false, kIsLowerThanEq},
-    {u"isgreaterthan", false, kIsGreaterThan},
-    {u"isgreaterthaneq", false, kIsGreaterThanEq},
-};
-
 // Display names of the comparison arguments, indexed by kind.
 constexpr WStringView kComparandNames[] = {
     u"", u"",  // the existence tests have no comparand
@@ -56,16 +36,23 @@ int CompareText(WStringView a, WStringView b, bool caseSensitive) {
 
 }  // namespace
 
-int CFunctionCompare::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  if (name == u"not") return BindArgument(not_, part);
-  if (name == u"casesensitive") return BindArgument(caseSensitive_, part);
-  for (const CConditionArgument& argument : kConditionArguments) {
-    if (name != argument.name) continue;
-    const int code = BindArgument(argument.isSubject ? subject_ : comparand_, part);
-    if (code == kArgumentAccepted && argument.kind != kKeepKind) kind_ = argument.kind;
-    return code;
-  }
-  return kArgumentUnknown;
+// "what", "paramset" and "paramnotset" share the subject slot, the
+// comparisons the comparand slot; each records the kind it stands for.
+const CArgumentTable& CFunctionCompare::Arguments() const {
+  static const CArgumentTable table{
+      Single(u"not", &CFunctionCompare::not_),
+      Single(u"casesensitive", &CFunctionCompare::caseSensitive_),
+      Single(u"what", &CFunctionCompare::subject_),
+      Choice(u"paramset", &CFunctionCompare::subject_, &CFunctionCompare::kind_, kParamSet),
+      Choice(u"paramnotset", &CFunctionCompare::subject_, &CFunctionCompare::kind_, kParamNotSet),
+      Choice(u"is", &CFunctionCompare::comparand_, &CFunctionCompare::kind_, kIs),
+      Choice(u"isnot", &CFunctionCompare::comparand_, &CFunctionCompare::kind_, kIsNot),
+      Choice(u"islowerthan", &CFunctionCompare::comparand_, &CFunctionCompare::kind_, kIsLowerThan),
+      Choice(u"islowerthaneq", &CFunctionCompare::comparand_, &CFunctionCompare::kind_, kIsLowerThanEq),
+      Choice(u"isgreaterthan", &CFunctionCompare::comparand_, &CFunctionCompare::kind_, kIsGreaterThan),
+      Choice(u"isgreaterthaneq", &CFunctionCompare::comparand_, &CFunctionCompare::kind_, kIsGreaterThanEq),
+  };
+  return table;
 }
 
 WString CFunctionCompare::EvaluateCondition(CProcessContext& context, bool& holds) const {

@@ -18,9 +18,8 @@ namespace NScrivolt {
 
 class CFunctionCompare : public CFunction {
  public:
-  // Claims the condition arguments; deriving classes try their own names
-  // when this returns kArgumentUnknown.
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  // The condition arguments; deriving classes start their tables from it.
+  const CArgumentTable& Arguments() const override;
 
  protected:
   // Evaluates the arguments afresh and tells whether the condition holds.

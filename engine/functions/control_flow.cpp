@@ -47,12 +47,12 @@ class CForRange {
 
 // --- if ----------------------------------------------------------------------
 
-int CFunctionIf::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  const int code = CFunctionCompare::AcceptArgument(name, part);
-  if (code != kArgumentUnknown) return code;
-  if (name == u"then") return BindArgument(then_, part);
-  if (name == u"else") return BindArgument(else_, part);
-  return kArgumentUnknown;
+const CArgumentTable& CFunctionIf::Arguments() const {
+  static const CArgumentTable table(CFunctionCompare::Arguments(), {
+      Single(u"then", &CFunctionIf::then_),
+      Single(u"else", &CFunctionIf::else_),
+  });
+  return table;
 }
 
 WString CFunctionIf::Execute(CProcessContext& context, WString& output) {
@@ -66,12 +66,12 @@ WString CFunctionIf::Execute(CProcessContext& context, WString& output) {
 
 // --- while, until ------------------------------------------------------------
 
-int CConditionalLoop::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  const int code = CFunctionCompare::AcceptArgument(name, part);
-  if (code != kArgumentUnknown) return code;
-  if (name == u"do") return BindArgument(do_, part);
-  if (name == u"loopnumber") return BindArgument(loopNumber_, part);
-  return kArgumentUnknown;
+const CArgumentTable& CConditionalLoop::Arguments() const {
+  static const CArgumentTable table(CFunctionCompare::Arguments(), {
+      Single(u"do", &CConditionalLoop::do_),
+      Single(u"loopnumber", &CConditionalLoop::loopNumber_),
+  });
+  return table;
 }
 
 // Rounds are counted in 64 bits: a loop number never wraps around.
@@ -106,14 +106,16 @@ WString CFunctionUntil::Execute(CProcessContext& context, WString& output) {
 
 // --- for ---------------------------------------------------------------------
 
-int CFunctionFor::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  if (name == u"value") return BindArgument(value_, part);
-  if (name == u"from") return BindArgument(from_, part);
-  if (name == u"to") return BindArgument(to_, part);
-  if (name == u"step") return BindArgument(step_, part);
-  if (name == u"loopnumber") return BindArgument(loopNumber_, part);
-  if (name == u"do") return BindArgument(do_, part);
-  return kArgumentUnknown;
+const CArgumentTable& CFunctionFor::Arguments() const {
+  static const CArgumentTable table{
+      Single(u"value", &CFunctionFor::value_),
+      Single(u"from", &CFunctionFor::from_),
+      Single(u"to", &CFunctionFor::to_),
+      Single(u"step", &CFunctionFor::step_),
+      Single(u"loopnumber", &CFunctionFor::loopNumber_),
+      Single(u"do", &CFunctionFor::do_),
+  };
+  return table;
 }
 
 WString CFunctionFor::Execute(CProcessContext& context, WString& output) {
@@ -146,16 +148,16 @@ WString CFunctionFor::Execute(CProcessContext& context, WString& output) {
 
 // --- foreach -----------------------------------------------------------------
 
-int CFunctionForEach::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  const int code = CFunctionSortOrder::AcceptArgument(name, part);
-  if (code != kArgumentUnknown) return code;
-  if (name == u"value") return BindArgument(value_, part);
-  if (name == u"indexname") return BindArgument(indexName_, part);
-  if (name == u"indexnumber") return BindArgument(indexNumber_, part);
-  if (name == u"loopnumber") return BindArgument(loopNumber_, part);
-  if (name == u"in") return BindArgument(in_, part);
-  if (name == u"do") return BindArgument(do_, part);
-  return kArgumentUnknown;
+const CArgumentTable& CFunctionForEach::Arguments() const {
+  static const CArgumentTable table(CFunctionSortOrder::Arguments(), {
+      Single(u"value", &CFunctionForEach::value_),
+      Single(u"indexname", &CFunctionForEach::indexName_),
+      Single(u"indexnumber", &CFunctionForEach::indexNumber_),
+      Single(u"loopnumber", &CFunctionForEach::loopNumber_),
+      Single(u"in", &CFunctionForEach::in_),
+      Single(u"do", &CFunctionForEach::do_),
+  });
+  return table;
 }
 
 WString CFunctionForEach::Execute(CProcessContext& context, WString& output) {
@@ -195,13 +197,15 @@ WString CFunctionForEach::Execute(CProcessContext& context, WString& output) {
 
 // --- gate --------------------------------------------------------------------
 
-int CFunctionGate::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  if (name == u"content") return BindArgument(content_, part);
-  if (name == u"param") return AppendArgument(params_, part);
-  if (name == u"allparams") return BindArgument(allParams_, part);
-  if (name == u"function") return AppendArgument(functions_, part);
-  if (name == u"allfunctions") return BindArgument(allFunctions_, part);
-  return kArgumentUnknown;
+const CArgumentTable& CFunctionGate::Arguments() const {
+  static const CArgumentTable table{
+      Single(u"content", &CFunctionGate::content_),
+      Repeatable(u"param", &CFunctionGate::params_),
+      Single(u"allparams", &CFunctionGate::allParams_),
+      Repeatable(u"function", &CFunctionGate::functions_),
+      Single(u"allfunctions", &CFunctionGate::allFunctions_),
+  };
+  return table;
 }
 
 WString CFunctionGate::EvaluateParams(CProcessContext& context, std::vector<CParamQualifier>& params) const {
@@ -284,9 +288,11 @@ WString CFunctionGate::Execute(CProcessContext& context, WString& output) {
 
 // --- nooutput, error ---------------------------------------------------------
 
-int CFunctionNoOutput::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  if (name == u"content") return BindArgument(content_, part);
-  return kArgumentUnknown;
+const CArgumentTable& CFunctionNoOutput::Arguments() const {
+  static const CArgumentTable table{
+      Single(u"content", &CFunctionNoOutput::content_),
+  };
+  return table;
 }
 
 WString CFunctionNoOutput::Execute(CProcessContext& context, WString&) {
@@ -294,9 +300,11 @@ WString CFunctionNoOutput::Execute(CProcessContext& context, WString&) {
   return EvaluateText(*this, content_, u"Content", context, false, dropped);
 }
 
-int CFunctionError::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  if (name == u"text") return BindArgument(text_, part);
-  return kArgumentUnknown;
+const CArgumentTable& CFunctionError::Arguments() const {
+  static const CArgumentTable table{
+      Single(u"text", &CFunctionError::text_),
+  };
+  return table;
 }
 
 WString CFunctionError::Execute(CProcessContext& context, WString&) {

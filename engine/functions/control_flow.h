@@ -21,7 +21,7 @@ namespace NScrivolt {
 // else E (or nothing). Only the branch taken is evaluated.
 class CFunctionIf : public CFunctionCompare {
  public:
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  const CArgumentTable& Arguments() const override;
   WString Execute(CProcessContext& context, WString& output) override;
 
  private:
@@ -32,7 +32,7 @@ class CFunctionIf : public CFunctionCompare {
 // The body and round counter of "while" and "until".
 class CConditionalLoop : public CFunctionCompare {
  public:
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  const CArgumentTable& Arguments() const override;
 
  protected:
   // Runs the loop: before each round the loop-number parameter (when
@@ -64,7 +64,7 @@ class CFunctionUntil : public CConditionalLoop {
 // A, A+S, ... as long as the value has not passed B (both bounds included).
 class CFunctionFor : public CFunction {
  public:
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  const CArgumentTable& Arguments() const override;
   WString Execute(CProcessContext& context, WString& output) override;
 
  private:
@@ -81,7 +81,7 @@ class CFunctionFor : public CFunction {
 // taken before the first round.
 class CFunctionForEach : public CFunctionSortOrder {
  public:
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  const CArgumentTable& Arguments() const override;
   WString Execute(CProcessContext& context, WString& output) override;
 
  private:
@@ -99,7 +99,7 @@ class CFunctionForEach : public CFunctionSortOrder {
 // allparams / allfunctions), which keep what C did to them.
 class CFunctionGate : public CFunction {
  public:
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  const CArgumentTable& Arguments() const override;
   WString Execute(CProcessContext& context, WString& output) override;
 
  private:
@@ -116,7 +116,7 @@ class CFunctionGate : public CFunction {
 // nooutput content: C — evaluates C for its effects and drops its text.
 class CFunctionNoOutput : public CFunction {
  public:
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  const CArgumentTable& Arguments() const override;
   WString Execute(CProcessContext& context, WString& output) override;
 
  private:
@@ -126,7 +126,7 @@ class CFunctionNoOutput : public CFunction {
 // error text: T — fails the processing with T as a detail line.
 class CFunctionError : public CFunction {
  public:
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  const CArgumentTable& Arguments() const override;
   WString Execute(CProcessContext& context, WString& output) override;
 
  private:

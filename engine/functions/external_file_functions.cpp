@@ -50,11 +50,19 @@ WString CFunctionExternalFile::MakeFileSource(CProcessContext& context, const CP
   return errorText;
 }
 
-int CFunctionInput::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  if (name == u"file") return BindArgument(file_, part);
-  if (name == u"skipifmissing") return BindArgument(skipIfMissing_, part);
-  if (name == u"fileencoding") return BindArgument(fileEncoding_, part);
-  return kArgumentUnknown;
+const CArgumentTable& CFunctionExternalFile::Arguments() const {
+  static const CArgumentTable table{
+      Single(u"fileencoding", &CFunctionExternalFile::fileEncoding_),
+  };
+  return table;
+}
+
+const CArgumentTable& CFunctionInput::Arguments() const {
+  static const CArgumentTable table(CFunctionExternalFile::Arguments(), {
+      Single(u"file", &CFunctionInput::file_),
+      Single(u"skipifmissing", &CFunctionInput::skipIfMissing_),
+  });
+  return table;
 }
 
 WString CFunctionInput::Execute(CProcessContext& context, WString& output) {
@@ -64,12 +72,13 @@ WString CFunctionInput::Execute(CProcessContext& context, WString& output) {
   return errorText;
 }
 
-int CFunctionProcess::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  if (name == u"file") return BindArgument(file_, part);
-  if (name == u"content") return BindArgument(content_, part);
-  if (name == u"skipifmissing") return BindArgument(skipIfMissing_, part);
-  if (name == u"fileencoding") return BindArgument(fileEncoding_, part);
-  return kArgumentUnknown;
+const CArgumentTable& CFunctionProcess::Arguments() const {
+  static const CArgumentTable table(CFunctionExternalFile::Arguments(), {
+      Single(u"file", &CFunctionProcess::file_),
+      Single(u"content", &CFunctionProcess::content_),
+      Single(u"skipifmissing", &CFunctionProcess::skipIfMissing_),
+  });
+  return table;
 }
 
 WString CFunctionProcess::MakeSource(CProcessContext& context, std::unique_ptr<CContentSource>& source) const {
@@ -89,13 +98,14 @@ WString CFunctionProcess::Execute(CProcessContext& context, WString& output) {
   return errorText;
 }
 
-int CFunctionOutput::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  if (name == u"screen") return BindArgument(screen_, part);
-  if (name == u"file") return AppendArgument(files_, part);
-  if (name == u"functionresult") return BindArgument(functionResult_, part);
-  if (name == u"content") return BindArgument(content_, part);
-  if (name == u"fileencoding") return BindArgument(fileEncoding_, part);
-  return kArgumentUnknown;
+const CArgumentTable& CFunctionOutput::Arguments() const {
+  static const CArgumentTable table(CFunctionExternalFile::Arguments(), {
+      Single(u"screen", &CFunctionOutput::screen_),
+      Repeatable(u"file", &CFunctionOutput::files_),
+      Single(u"functionresult", &CFunctionOutput::functionResult_),
+      Single(u"content", &CFunctionOutput::content_),
+  });
+  return table;
 }
 
 WString CFunctionOutput::EvaluateFiles(CProcessContext& context, std::vector<WString>& paths) const {

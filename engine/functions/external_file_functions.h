@@ -13,9 +13,12 @@
 
 namespace NScrivolt {
 
-// The shared "fileencoding" handling. Claims no argument name itself: each
-// deriving class binds `fileEncoding_` among its own names.
+// The shared "fileencoding" argument and its handling.
 class CFunctionExternalFile : public CFunction {
+ public:
+  // "fileencoding"; deriving classes start their tables from it.
+  const CArgumentTable& Arguments() const override;
+
  protected:
   // Absent or "auto": type Ascii, isExplicit false. A type keyword ("ascii",
   // "utf8", "utf16", "utf16le", "utf16be", ignoring case): that type, isExplicit
@@ -27,6 +30,7 @@ class CFunctionExternalFile : public CFunction {
   WString MakeFileSource(CProcessContext& context, const CParsePart* file, bool skipIfMissing,
                          std::unique_ptr<CContentSource>& source) const;
 
+ private:
   ArgumentSlot fileEncoding_ = nullptr;
 };
 
@@ -34,7 +38,7 @@ class CFunctionExternalFile : public CFunction {
 // decoded; script markers in it stay literal.
 class CFunctionInput : public CFunctionExternalFile {
  public:
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  const CArgumentTable& Arguments() const override;
   WString Execute(CProcessContext& context, WString& output) override;
 
  private:
@@ -48,7 +52,7 @@ class CFunctionInput : public CFunctionExternalFile {
 // are put back. The produced text is the result.
 class CFunctionProcess : public CFunctionExternalFile {
  public:
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  const CArgumentTable& Arguments() const override;
   WString Execute(CProcessContext& context, WString& output) override;
 
  private:
@@ -66,7 +70,7 @@ class CFunctionProcess : public CFunctionExternalFile {
 // a file failed.
 class CFunctionOutput : public CFunctionExternalFile {
  public:
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  const CArgumentTable& Arguments() const override;
   WString Execute(CProcessContext& context, WString& output) override;
 
  private:

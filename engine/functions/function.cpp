@@ -13,7 +13,14 @@ namespace NScrivolt {
 
 WString CFunction::Execute(CProcessContext&, WString&) { return WString(); }
 
-int CFunction::AcceptArgument(const WString&, const CParsePartRef&) { return kArgumentUnknown; }
+const CArgumentTable& CFunction::Arguments() const {
+  static const CArgumentTable none{};
+  return none;
+}
+
+int CFunction::AcceptArgument(const WString& name, const CParsePartRef& part) {
+  return Arguments().Bind(*this, name, part);
+}
 
 void AppendResult(WString& output, WString&& result) {
   if (output.empty()) {
@@ -21,17 +28,6 @@ void AppendResult(WString& output, WString&& result) {
   } else {
     output += result;
   }
-}
-
-int BindArgument(ArgumentSlot& slot, const CParsePartRef& part) {
-  if (slot != nullptr) return kArgumentGivenTwice;
-  slot = part.Get();
-  return kArgumentAccepted;
-}
-
-int AppendArgument(ArgumentList& list, const CParsePartRef& part) {
-  list.push_back(part);
-  return kArgumentAccepted;
 }
 
 WString CheckFunctionName(WStringView name, const CParsePart& at, WString& lowerName) {

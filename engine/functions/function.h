@@ -3,7 +3,8 @@
 //
 // A call is carried out by a short-lived function object: SetUpCall makes it
 // from the Call part (user functions first, then the built-in table), binds
-// each written argument through AcceptArgument, and Process's evaluation loop
+// each written argument through its argument table (argument_table.h), and
+// Process's evaluation loop
 // runs Execute once and destroys the object. Binding only records which parts
 // were given; Execute evaluates them when and as often as it needs.
 #pragma once
@@ -12,6 +13,7 @@
 #include <memory>
 #include <vector>
 
+#include "engine/functions/argument_table.h"
 #include "engine/params/param.h"
 #include "engine/params/param_id.h"
 #include "engine/syntax/parse_part.h"
@@ -20,19 +22,6 @@
 namespace NScrivolt {
 
 class CProcessContext;
-
-// Results of AcceptArgument.
-enum AcceptResult : int {
-  kArgumentAccepted = 0,
-  kArgumentUnknown = 1,     // reported as 40123
-  kArgumentGivenTwice = 3,  // reported as 40101
-};
-
-// A single argument: the bound part, null while not given. The parse tree
-// outlives every function object, so the slot does not own the part.
-using ArgumentSlot = const CParsePart*;
-// A repeatable argument: every written occurrence, in written order.
-using ArgumentList = std::vector<CParsePartRef>;
 
 class CFunction {
  public:
@@ -45,7 +34,12 @@ class CFunction {
   // text (empty on success). The base appends nothing.
   virtual WString Execute(CProcessContext& context, WString& output);
 
-  // Binds one written argument; `name` is lower-cased. The base knows none.
+  // The arguments the function takes. The base takes none.
+  virtual const CArgumentTable& Arguments() const;
+
+  // Binds one written argument; `name` is lower-cased. Binds from
+  // Arguments(); a function whose arguments are not known until the call
+  // is made binds on its own.
   virtual int AcceptArgument(const WString& name, const CParsePartRef& part);
 
   void SetCallPart(const CParsePart& call) { call_ = &call; }
@@ -58,11 +52,6 @@ class CFunction {
 // Appends a function's result to what the output already holds, without a
 // copy when there is nothing before it.
 void AppendResult(WString& output, WString&& result);
-
-// Stores `part` in an empty slot (kArgumentAccepted) or refuses a second one.
-int BindArgument(ArgumentSlot& slot, const CParsePartRef& part);
-// Appends a repeatable argument; always accepted.
-int AppendArgument(ArgumentList& list, const CParsePartRef& part);
 
 // Checks a function name given as text: one or more name characters. Error
 // 40111 located at `at` otherwise; `lowerName` receives the lower-cased name.

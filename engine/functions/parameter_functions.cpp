@@ -27,10 +27,12 @@ const CParam* FindExisting(const CProcessContext& context, const CParamQualifier
 
 // --- set ---------------------------------------------------------------------
 
-int CFunctionSet::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  if (name == u"param") return BindArgument(param_, part);
-  if (name == u"to") return BindArgument(to_, part);
-  return kArgumentUnknown;
+const CArgumentTable& CFunctionSet::Arguments() const {
+  static const CArgumentTable table{
+      Single(u"param", &CFunctionSet::param_),
+      Single(u"to", &CFunctionSet::to_),
+  };
+  return table;
 }
 
 WString CFunctionSet::Execute(CProcessContext& context, WString&) {
@@ -47,9 +49,11 @@ WString CFunctionSet::Execute(CProcessContext& context, WString&) {
 
 // --- unset -------------------------------------------------------------------
 
-int CFunctionUnset::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  if (name == u"param") return BindArgument(param_, part);
-  return kArgumentUnknown;
+const CArgumentTable& CFunctionUnset::Arguments() const {
+  static const CArgumentTable table{
+      Single(u"param", &CFunctionUnset::param_),
+  };
+  return table;
 }
 
 WString CFunctionUnset::Execute(CProcessContext& context, WString&) {
@@ -62,10 +66,12 @@ WString CFunctionUnset::Execute(CProcessContext& context, WString&) {
 
 // --- use ---------------------------------------------------------------------
 
-int CFunctionUse::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  if (name == u"param") return BindArgument(param_, part);
-  if (name == u"skipifmissing") return BindArgument(skipIfMissing_, part);
-  return kArgumentUnknown;
+const CArgumentTable& CFunctionUse::Arguments() const {
+  static const CArgumentTable table{
+      Single(u"param", &CFunctionUse::param_),
+      Single(u"skipifmissing", &CFunctionUse::skipIfMissing_),
+  };
+  return table;
 }
 
 WString CFunctionUse::Execute(CProcessContext& context, WString& output) {
@@ -83,10 +89,12 @@ WString CFunctionUse::Execute(CProcessContext& context, WString& output) {
 
 // --- addsubparams ------------------------------------------------------------
 
-int CFunctionAddSubParams::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  if (name == u"param") return BindArgument(param_, part);
-  if (name == u"value") return AppendArgument(values_, part);
-  return kArgumentUnknown;
+const CArgumentTable& CFunctionAddSubParams::Arguments() const {
+  static const CArgumentTable table{
+      Single(u"param", &CFunctionAddSubParams::param_),
+      Repeatable(u"value", &CFunctionAddSubParams::values_),
+  };
+  return table;
 }
 
 // Each value is added as soon as it is evaluated, so a later value can refer
@@ -107,10 +115,12 @@ WString CFunctionAddSubParams::Execute(CProcessContext& context, WString&) {
 
 // --- setsubparams ------------------------------------------------------------
 
-int CFunctionSetSubParams::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  if (name == u"param") return BindArgument(param_, part);
-  if (name == u"to") return AppendArgument(tos_, part);
-  return kArgumentUnknown;
+const CArgumentTable& CFunctionSetSubParams::Arguments() const {
+  static const CArgumentTable table{
+      Single(u"param", &CFunctionSetSubParams::param_),
+      Repeatable(u"to", &CFunctionSetSubParams::tos_),
+  };
+  return table;
 }
 
 // All values are taken before the target is cleared, so they may refer to
@@ -132,9 +142,11 @@ WString CFunctionSetSubParams::Execute(CProcessContext& context, WString&) {
 
 // --- unsetsubparams ----------------------------------------------------------
 
-int CFunctionUnsetSubParams::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  if (name == u"param") return BindArgument(param_, part);
-  return kArgumentUnknown;
+const CArgumentTable& CFunctionUnsetSubParams::Arguments() const {
+  static const CArgumentTable table{
+      Single(u"param", &CFunctionUnsetSubParams::param_),
+  };
+  return table;
 }
 
 WString CFunctionUnsetSubParams::Execute(CProcessContext& context, WString&) {
@@ -148,9 +160,11 @@ WString CFunctionUnsetSubParams::Execute(CProcessContext& context, WString&) {
 
 // --- subparamcount -----------------------------------------------------------
 
-int CFunctionSubParamCount::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  if (name == u"param") return BindArgument(param_, part);
-  return kArgumentUnknown;
+const CArgumentTable& CFunctionSubParamCount::Arguments() const {
+  static const CArgumentTable table{
+      Single(u"param", &CFunctionSubParamCount::param_),
+  };
+  return table;
 }
 
 WString CFunctionSubParamCount::Execute(CProcessContext& context, WString& output) {
@@ -168,13 +182,15 @@ WString CFunctionSubParamCount::Execute(CProcessContext& context, WString& outpu
 
 // --- findsubparam ------------------------------------------------------------
 
-int CFunctionFindSubParam::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  if (name == u"param") return BindArgument(param_, part);
-  if (name == u"value") return BindArgument(value_, part);
-  if (name == u"indextype") return BindArgument(indexType_, part);
-  if (name == u"recurse") return BindArgument(recurse_, part);
-  if (name == u"casesensitive") return BindArgument(caseSensitive_, part);
-  return kArgumentUnknown;
+const CArgumentTable& CFunctionFindSubParam::Arguments() const {
+  static const CArgumentTable table{
+      Single(u"param", &CFunctionFindSubParam::param_),
+      Single(u"value", &CFunctionFindSubParam::value_),
+      Single(u"indextype", &CFunctionFindSubParam::indexType_),
+      Single(u"recurse", &CFunctionFindSubParam::recurse_),
+      Single(u"casesensitive", &CFunctionFindSubParam::caseSensitive_),
+  };
+  return table;
 }
 
 WString CFunctionFindSubParam::Execute(CProcessContext& context, WString& output) {
@@ -198,12 +214,12 @@ WString CFunctionFindSubParam::Execute(CProcessContext& context, WString& output
 
 // --- sortsubparams -----------------------------------------------------------
 
-int CFunctionSortSubParams::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  const int code = CFunctionSortOrder::AcceptArgument(name, part);
-  if (code != kArgumentUnknown) return code;
-  if (name == u"param") return BindArgument(param_, part);
-  if (name == u"recurse") return BindArgument(recurse_, part);
-  return kArgumentUnknown;
+const CArgumentTable& CFunctionSortSubParams::Arguments() const {
+  static const CArgumentTable table(CFunctionSortOrder::Arguments(), {
+      Single(u"param", &CFunctionSortSubParams::param_),
+      Single(u"recurse", &CFunctionSortSubParams::recurse_),
+  });
+  return table;
 }
 
 WString CFunctionSortSubParams::Execute(CProcessContext& context, WString&) {
@@ -222,9 +238,11 @@ WString CFunctionSortSubParams::Execute(CProcessContext& context, WString&) {
 
 // --- _writeparamtree ---------------------------------------------------------
 
-int CFunction_WriteParamTree::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  if (name == u"param") return BindArgument(param_, part);
-  return kArgumentUnknown;
+const CArgumentTable& CFunction_WriteParamTree::Arguments() const {
+  static const CArgumentTable table{
+      Single(u"param", &CFunction_WriteParamTree::param_),
+  };
+  return table;
 }
 
 WString CFunction_WriteParamTree::Execute(CProcessContext& context, WString& output) {

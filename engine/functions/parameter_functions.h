@@ -10,7 +10,7 @@ namespace NScrivolt {
 // without "to" P is emptied. No output.
 class CFunctionSet : public CFunction {
  public:
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  const CArgumentTable& Arguments() const override;
   WString Execute(CProcessContext& context, WString& output) override;
 
  private:
@@ -21,7 +21,7 @@ class CFunctionSet : public CFunction {
 // unset param: P — removes P when it exists. No output.
 class CFunctionUnset : public CFunction {
  public:
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  const CArgumentTable& Arguments() const override;
   WString Execute(CProcessContext& context, WString& output) override;
 
  private:
@@ -31,7 +31,7 @@ class CFunctionUnset : public CFunction {
 // use param: P [skipifmissing] — outputs the value of P.
 class CFunctionUse : public CFunction {
  public:
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  const CArgumentTable& Arguments() const override;
   WString Execute(CProcessContext& context, WString& output) override;
 
  private:
@@ -43,7 +43,7 @@ class CFunctionUse : public CFunction {
 // sub-parameter per value, each a copy of its value. No output.
 class CFunctionAddSubParams : public CFunction {
  public:
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  const CArgumentTable& Arguments() const override;
   WString Execute(CProcessContext& context, WString& output) override;
 
  private:
@@ -55,7 +55,7 @@ class CFunctionAddSubParams : public CFunction {
 // given sub-parameters, numbered in written order. No output.
 class CFunctionSetSubParams : public CFunction {
  public:
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  const CArgumentTable& Arguments() const override;
   WString Execute(CProcessContext& context, WString& output) override;
 
  private:
@@ -66,7 +66,7 @@ class CFunctionSetSubParams : public CFunction {
 // unsetsubparams param: P — removes the sub-parameters of P, keeps its value.
 class CFunctionUnsetSubParams : public CFunction {
  public:
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  const CArgumentTable& Arguments() const override;
   WString Execute(CProcessContext& context, WString& output) override;
 
  private:
@@ -76,7 +76,7 @@ class CFunctionUnsetSubParams : public CFunction {
 // subparamcount param: P — outputs the number of direct sub-parameters of P.
 class CFunctionSubParamCount : public CFunction {
  public:
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  const CArgumentTable& Arguments() const override;
   WString Execute(CProcessContext& context, WString& output) override;
 
  private:
@@ -89,7 +89,7 @@ class CFunctionSubParamCount : public CFunction {
 // any of their descendants.
 class CFunctionFindSubParam : public CFunction {
  public:
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  const CArgumentTable& Arguments() const override;
   WString Execute(CProcessContext& context, WString& output) override;
 
  private:
@@ -104,7 +104,7 @@ class CFunctionFindSubParam : public CFunction {
 // sub-parameters of P (and, with recurse, of every parameter below it).
 class CFunctionSortSubParams : public CFunctionSortOrder {
  public:
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  const CArgumentTable& Arguments() const override;
   WString Execute(CProcessContext& context, WString& output) override;
 
  private:
@@ -116,7 +116,7 @@ class CFunctionSortSubParams : public CFunctionSortOrder {
 // parameter, for inspecting a tree while writing a template.
 class CFunction_WriteParamTree : public CFunction {
  public:
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  const CArgumentTable& Arguments() const override;
   WString Execute(CProcessContext& context, WString& output) override;
 
  private:

@@ -2,9 +2,11 @@
 
 namespace NScrivolt {
 
-int CFunctionSortOrder::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  if (name == u"orderby") return BindArgument(orderBy_, part);
-  return kArgumentUnknown;
+const CArgumentTable& CFunctionSortOrder::Arguments() const {
+  static const CArgumentTable table{
+      Single(u"orderby", &CFunctionSortOrder::orderBy_),
+  };
+  return table;
 }
 
 WString CFunctionSortOrder::EvaluateOrder(CProcessContext& context, ParamOrder& order, bool& descending) const {

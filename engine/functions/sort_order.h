@@ -9,9 +9,8 @@ namespace NScrivolt {
 
 class CFunctionSortOrder : public CFunction {
  public:
-  // Claims "orderby"; deriving classes try their own names when this
-  // returns kArgumentUnknown.
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  // "orderby"; deriving classes start their tables from it.
+  const CArgumentTable& Arguments() const override;
 
  protected:
   // Evaluates "orderby" into an order and a direction; leaves the caller's

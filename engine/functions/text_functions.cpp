@@ -24,10 +24,12 @@ WString EvaluateInteger(const CFunction& function, const CParsePart* part, WStri
 
 // --- changecase ----------------------------------------------------------------
 
-int CFunctionChangeCase::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  if (name == u"what") return BindArgument(what_, part);
-  if (name == u"to") return BindArgument(to_, part);
-  return kArgumentUnknown;
+const CArgumentTable& CFunctionChangeCase::Arguments() const {
+  static const CArgumentTable table{
+      Single(u"what", &CFunctionChangeCase::what_),
+      Single(u"to", &CFunctionChangeCase::to_),
+  };
+  return table;
 }
 
 WString CFunctionChangeCase::Execute(CProcessContext& context, WString& output) {
@@ -44,11 +46,13 @@ WString CFunctionChangeCase::Execute(CProcessContext& context, WString& output) 
 
 // --- count ---------------------------------------------------------------------
 
-int CFunctionCount::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  if (name == u"what") return BindArgument(what_, part);
-  if (name == u"in") return BindArgument(in_, part);
-  if (name == u"casesensitive") return BindArgument(caseSensitive_, part);
-  return kArgumentUnknown;
+const CArgumentTable& CFunctionCount::Arguments() const {
+  static const CArgumentTable table{
+      Single(u"what", &CFunctionCount::what_),
+      Single(u"in", &CFunctionCount::in_),
+      Single(u"casesensitive", &CFunctionCount::caseSensitive_),
+  };
+  return table;
 }
 
 WString CFunctionCount::Execute(CProcessContext& context, WString& output) {
@@ -61,12 +65,14 @@ WString CFunctionCount::Execute(CProcessContext& context, WString& output) {
 
 // --- replace -------------------------------------------------------------------
 
-int CFunctionReplace::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  if (name == u"what") return BindArgument(what_, part);
-  if (name == u"by") return BindArgument(by_, part);
-  if (name == u"in") return BindArgument(in_, part);
-  if (name == u"casesensitive") return BindArgument(caseSensitive_, part);
-  return kArgumentUnknown;
+const CArgumentTable& CFunctionReplace::Arguments() const {
+  static const CArgumentTable table{
+      Single(u"what", &CFunctionReplace::what_),
+      Single(u"by", &CFunctionReplace::by_),
+      Single(u"in", &CFunctionReplace::in_),
+      Single(u"casesensitive", &CFunctionReplace::caseSensitive_),
+  };
+  return table;
 }
 
 WString CFunctionReplace::Execute(CProcessContext& context, WString& output) {
@@ -80,13 +86,15 @@ WString CFunctionReplace::Execute(CProcessContext& context, WString& output) {
 
 // --- search --------------------------------------------------------------------
 
-int CFunctionSearch::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  if (name == u"in") return BindArgument(in_, part);
-  if (name == u"for") return BindArgument(for_, part);
-  if (name == u"start") return BindArgument(start_, part);
-  if (name == u"reverse") return BindArgument(reverse_, part);
-  if (name == u"casesensitive") return BindArgument(caseSensitive_, part);
-  return kArgumentUnknown;
+const CArgumentTable& CFunctionSearch::Arguments() const {
+  static const CArgumentTable table{
+      Single(u"in", &CFunctionSearch::in_),
+      Single(u"for", &CFunctionSearch::for_),
+      Single(u"start", &CFunctionSearch::start_),
+      Single(u"reverse", &CFunctionSearch::reverse_),
+      Single(u"casesensitive", &CFunctionSearch::caseSensitive_),
+  };
+  return table;
 }
 
 WString CFunctionSearch::Execute(CProcessContext& context, WString& output) {
@@ -107,12 +115,14 @@ WString CFunctionSearch::Execute(CProcessContext& context, WString& output) {
 
 // --- split ---------------------------------------------------------------------
 
-int CFunctionSplit::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  if (name == u"param") return BindArgument(param_, part);
-  if (name == u"what") return BindArgument(what_, part);
-  if (name == u"on") return BindArgument(on_, part);
-  if (name == u"casesensitive") return BindArgument(caseSensitive_, part);
-  return kArgumentUnknown;
+const CArgumentTable& CFunctionSplit::Arguments() const {
+  static const CArgumentTable table{
+      Single(u"param", &CFunctionSplit::param_),
+      Single(u"what", &CFunctionSplit::what_),
+      Single(u"on", &CFunctionSplit::on_),
+      Single(u"casesensitive", &CFunctionSplit::caseSensitive_),
+  };
+  return table;
 }
 
 WString CFunctionSplit::Execute(CProcessContext& context, WString&) {
@@ -132,12 +142,12 @@ WString CFunctionSplit::Execute(CProcessContext& context, WString&) {
 
 // --- join ----------------------------------------------------------------------
 
-int CFunctionJoin::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  const int code = CFunctionSortOrder::AcceptArgument(name, part);
-  if (code != kArgumentUnknown) return code;
-  if (name == u"param") return BindArgument(param_, part);
-  if (name == u"with") return BindArgument(with_, part);
-  return kArgumentUnknown;
+const CArgumentTable& CFunctionJoin::Arguments() const {
+  static const CArgumentTable table(CFunctionSortOrder::Arguments(), {
+      Single(u"param", &CFunctionJoin::param_),
+      Single(u"with", &CFunctionJoin::with_),
+  });
+  return table;
 }
 
 WString CFunctionJoin::Execute(CProcessContext& context, WString& output) {
@@ -162,11 +172,13 @@ WString CFunctionJoin::Execute(CProcessContext& context, WString& output) {
 
 // --- sub -----------------------------------------------------------------------
 
-int CFunctionSub::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  if (name == u"start") return BindArgument(start_, part);
-  if (name == u"end") return BindArgument(end_, part);
-  if (name == u"from") return BindArgument(from_, part);
-  return kArgumentUnknown;
+const CArgumentTable& CFunctionSub::Arguments() const {
+  static const CArgumentTable table{
+      Single(u"start", &CFunctionSub::start_),
+      Single(u"end", &CFunctionSub::end_),
+      Single(u"from", &CFunctionSub::from_),
+  };
+  return table;
 }
 
 WString CFunctionSub::Execute(CProcessContext& context, WString& output) {
@@ -181,9 +193,11 @@ WString CFunctionSub::Execute(CProcessContext& context, WString& output) {
 
 // --- sum -----------------------------------------------------------------------
 
-int CFunctionSum::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  if (name == u"value") return AppendArgument(values_, part);
-  return kArgumentUnknown;
+const CArgumentTable& CFunctionSum::Arguments() const {
+  static const CArgumentTable table{
+      Repeatable(u"value", &CFunctionSum::values_),
+  };
+  return table;
 }
 
 WString CFunctionSum::Execute(CProcessContext& context, WString& output) {

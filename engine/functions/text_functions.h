@@ -11,7 +11,7 @@ namespace NScrivolt {
 // changecase what: T to: "lower"|"upper" — T with A-Z or a-z converted.
 class CFunctionChangeCase : public CFunction {
  public:
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  const CArgumentTable& Arguments() const override;
   WString Execute(CProcessContext& context, WString& output) override;
 
  private:
@@ -22,7 +22,7 @@ class CFunctionChangeCase : public CFunction {
 // count what: P in: T [casesensitive] — the number of occurrences of P in T.
 class CFunctionCount : public CFunction {
  public:
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  const CArgumentTable& Arguments() const override;
   WString Execute(CProcessContext& context, WString& output) override;
 
  private:
@@ -34,7 +34,7 @@ class CFunctionCount : public CFunction {
 // replace what: P [by: R] in: T [casesensitive] — T with each P replaced by R.
 class CFunctionReplace : public CFunction {
  public:
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  const CArgumentTable& Arguments() const override;
   WString Execute(CProcessContext& context, WString& output) override;
 
  private:
@@ -48,7 +48,7 @@ class CFunctionReplace : public CFunction {
 // position of P in T, 0 when not found.
 class CFunctionSearch : public CFunction {
  public:
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  const CArgumentTable& Arguments() const override;
   WString Execute(CProcessContext& context, WString& output) override;
 
  private:
@@ -63,7 +63,7 @@ class CFunctionSearch : public CFunction {
 // become the numbered sub-parameters of P. No output.
 class CFunctionSplit : public CFunction {
  public:
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  const CArgumentTable& Arguments() const override;
   WString Execute(CProcessContext& context, WString& output) override;
 
  private:
@@ -77,7 +77,7 @@ class CFunctionSplit : public CFunction {
 // S written before each one that follows some non-empty text.
 class CFunctionJoin : public CFunctionSortOrder {
  public:
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  const CArgumentTable& Arguments() const override;
   WString Execute(CProcessContext& context, WString& output) override;
 
  private:
@@ -88,7 +88,7 @@ class CFunctionJoin : public CFunctionSortOrder {
 // sub start: N [end: M] from: T — the units of T from position N to M.
 class CFunctionSub : public CFunction {
  public:
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  const CArgumentTable& Arguments() const override;
   WString Execute(CProcessContext& context, WString& output) override;
 
  private:
@@ -100,7 +100,7 @@ class CFunctionSub : public CFunction {
 // sum [value: N]... — the total of the values.
 class CFunctionSum : public CFunction {
  public:
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  const CArgumentTable& Arguments() const override;
   WString Execute(CProcessContext& context, WString& output) override;
 
  private:

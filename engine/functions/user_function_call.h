@@ -17,6 +17,8 @@ class CFunctionUserFunction : public CFunction {
  public:
   explicit CFunctionUserFunction(CUserFunctionRef definition);
 
+  // The arguments are those the definition declares, known only when the
+  // script has run "makefunction", so they are bound without a table.
   int AcceptArgument(const WString& name, const CParsePartRef& part) override;
   WString Execute(CProcessContext& context, WString& output) override;
 

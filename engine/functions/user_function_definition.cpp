@@ -11,9 +11,7 @@ namespace NScrivolt {
 
 namespace {
 
-// Argument names of "makefunction" per kind, and their names in messages.
-constexpr WStringView kKindArguments[kArgumentKindCount] = {u"arg", u"optarg", u"optemptyarg", u"multiarg",
-                                                            u"optmultiarg"};
+// Names in messages of the declarations of "makefunction", per kind.
 constexpr WStringView kKindDisplayNames[kArgumentKindCount] = {u"Arg", u"OptArg", u"OptEmptyArg", u"MultiArg",
                                                                u"OptMultiArg"};
 
@@ -27,17 +25,17 @@ WString EvaluateFunctionName(const CFunction& function, ArgumentSlot namePart, C
 
 }  // namespace
 
-int CFunctionMakeFunction::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  if (name == u"name") return BindArgument(name_, part);
-  if (name == u"content") {
-    if (content_) return kArgumentGivenTwice;
-    content_ = part;
-    return kArgumentAccepted;
-  }
-  for (std::size_t kind = 0; kind < kArgumentKindCount; ++kind) {
-    if (name == kKindArguments[kind]) return AppendArgument(declarations_[kind], part);
-  }
-  return kArgumentUnknown;
+const CArgumentTable& CFunctionMakeFunction::Arguments() const {
+  static const CArgumentTable table{
+      Single(u"name", &CFunctionMakeFunction::name_),
+      Kept(u"content", &CFunctionMakeFunction::content_),
+      Repeatable(u"arg", &CFunctionMakeFunction::args_),
+      Repeatable(u"optarg", &CFunctionMakeFunction::optArgs_),
+      Repeatable(u"optemptyarg", &CFunctionMakeFunction::optEmptyArgs_),
+      Repeatable(u"multiarg", &CFunctionMakeFunction::multiArgs_),
+      Repeatable(u"optmultiarg", &CFunctionMakeFunction::optMultiArgs_),
+  };
+  return table;
 }
 
 WString CFunctionMakeFunction::Execute(CProcessContext& context, WString&) {
@@ -57,8 +55,10 @@ WString CFunctionMakeFunction::Execute(CProcessContext& context, WString&) {
 // Each declared argument names the one top-level parameter that carries its
 // value during a call; a later declaration of a name under the same kind wins.
 WString CFunctionMakeFunction::DeclareArguments(CProcessContext& context, CUserFunction& definition) const {
+  const ArgumentList* const declarations[kArgumentKindCount] = {&args_, &optArgs_, &optEmptyArgs_, &multiArgs_,
+                                                                &optMultiArgs_};
   for (std::size_t kind = 0; kind < kArgumentKindCount; ++kind) {
-    for (const CParsePartRef& argument : declarations_[kind]) {
+    for (const CParsePartRef& argument : *declarations[kind]) {
       CParamQualifier qualifier;
       WString text;
       WString errorText = EvaluateQualifier(*this, argument.Get(), kKindDisplayNames[kind], context, true,
@@ -73,9 +73,11 @@ WString CFunctionMakeFunction::DeclareArguments(CProcessContext& context, CUserF
   return WString();
 }
 
-int CFunctionDeleteFunction::AcceptArgument(const WString& name, const CParsePartRef& part) {
-  if (name == u"name") return BindArgument(name_, part);
-  return kArgumentUnknown;
+const CArgumentTable& CFunctionDeleteFunction::Arguments() const {
+  static const CArgumentTable table{
+      Single(u"name", &CFunctionDeleteFunction::name_),
+  };
+  return table;
 }
 
 WString CFunctionDeleteFunction::Execute(CProcessContext& context, WString&) {

@@ -2,8 +2,6 @@
 // functions.
 #pragma once
 
-#include <array>
-
 #include "engine/functions/function.h"
 #include "engine/user_functions.h"
 
@@ -13,7 +11,7 @@ namespace NScrivolt {
 // [multiarg: A] [optmultiarg: A] — registers a function; no output.
 class CFunctionMakeFunction : public CFunction {
  public:
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  const CArgumentTable& Arguments() const override;
   WString Execute(CProcessContext& context, WString& output) override;
 
  private:
@@ -21,13 +19,18 @@ class CFunctionMakeFunction : public CFunction {
 
   ArgumentSlot name_ = nullptr;
   CParsePartRef content_;
-  std::array<ArgumentList, kArgumentKindCount> declarations_;
+  // The declarations of each kind, in written order.
+  ArgumentList args_;
+  ArgumentList optArgs_;
+  ArgumentList optEmptyArgs_;
+  ArgumentList multiArgs_;
+  ArgumentList optMultiArgs_;
 };
 
 // deletefunction name: N — removes the oldest definition of N; no output.
 class CFunctionDeleteFunction : public CFunction {
  public:
-  int AcceptArgument(const WString& name, const CParsePartRef& part) override;
+  const CArgumentTable& Arguments() const override;
   WString Execute(CProcessContext& context, WString& output) override;
 
  private:
