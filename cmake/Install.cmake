@@ -1,6 +1,7 @@
 # What `cmake --install` puts where on Linux, the man page built from its
 # scdoc source, and the packages that `cpack` makes from the installed tree
 # (a .deb and a .tar.gz).
+set(CMAKE_INSTALL_DOCDIR share/doc/scrivolt CACHE PATH "Documentation folder")
 include(GNUInstallDirs)
 
 install(TARGETS scrivolt RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
@@ -9,8 +10,9 @@ find_program(SCDOC scdoc)
 if(SCDOC)
   set(SCRIVOLT_MAN_PAGE ${CMAKE_BINARY_DIR}/scrivolt.1)
   add_custom_command(OUTPUT ${SCRIVOLT_MAN_PAGE}
-    COMMAND sh -c "'${SCDOC}' < '${CMAKE_SOURCE_DIR}/docs/scrivolt.1.scd' > '${SCRIVOLT_MAN_PAGE}'"
-    DEPENDS ${CMAKE_SOURCE_DIR}/docs/scrivolt.1.scd
+    COMMAND ${CMAKE_COMMAND} -DSCDOC=${SCDOC} -DIN=${CMAKE_SOURCE_DIR}/docs/scrivolt.1.scd
+            -DOUT=${SCRIVOLT_MAN_PAGE} -P ${CMAKE_SOURCE_DIR}/cmake/RunScdoc.cmake
+    DEPENDS ${CMAKE_SOURCE_DIR}/docs/scrivolt.1.scd ${CMAKE_SOURCE_DIR}/cmake/RunScdoc.cmake
     COMMENT "Building the man page scrivolt.1")
   add_custom_target(scrivolt_man_page ALL DEPENDS ${SCRIVOLT_MAN_PAGE})
   install(FILES ${SCRIVOLT_MAN_PAGE} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
@@ -36,6 +38,7 @@ set(CPACK_PACKAGE_HOMEPAGE_URL "https://www.scrivolt.example/")
 set(CPACK_RESOURCE_FILE_LICENSE ${CMAKE_SOURCE_DIR}/LICENSE)
 set(CPACK_RESOURCE_FILE_README ${CMAKE_SOURCE_DIR}/README.md)
 set(CPACK_GENERATOR "DEB;TGZ")
+set(CPACK_STRIP_FILES ON)
 set(CPACK_PACKAGE_FILE_NAME scrivolt-${PROJECT_VERSION}-linux-x86_64)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION text)

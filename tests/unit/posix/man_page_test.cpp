@@ -33,7 +33,7 @@ struct HintCase {
 TEST(SwitchHint, NamesTheSwitchOneOrTwoLettersAway) {
   const HintCase cases[] = {
       {u"outencodng", u"outencoding"}, {u"OUTENCODNG", u"outencoding"}, {u"inn", u"in"},  {u"st", u"set"},
-      {u"feedbakdestt", u"feedbackdest"}, {u"out", u""},            {u"xyz", u""},    {u"gone", u"go"},
+      {u"feedbakdestt", u"feedbackdest"}, {u"out", u""},            {u"xyz", u""},    {u"goo", u"go"},     {u"xy", u""},
       {u"commandfil", u"commandfile"},  {u"basepathxyz", u""},
   };
   for (const HintCase& c : cases) EXPECT_EQ(NearestSwitchName(c.typed), WStringView(c.hint)) << WideToUtf8(c.typed);
