@@ -1,7 +1,7 @@
 # The two commands of the README:
 #   make demo   builds the Linux program and runs the letter example
 #   make test   installs what is missing, builds both targets, runs every test
-.PHONY: demo test deps layers linux linux-asan windows unit asan-unit windows-unit e2e asan-e2e windows-e2e faults bench fuzz fuzz-smoke package clean
+.PHONY: demo test deps layers linux linux-asan windows unit asan-unit windows-unit e2e asan-e2e windows-e2e faults guide bench fuzz fuzz-smoke package clean
 
 JOBS ?= $(shell nproc)
 
@@ -59,6 +59,10 @@ fuzz-smoke:
 fuzz:
 	./scripts/fuzz.sh $(or $(FUZZ_SECONDS),600)
 
+# Every example of docs/guide.md, run and compared with what the guide shows.
+guide: linux
+	./tests/guide/run.sh build/linux/scrivolt
+
 bench:
 	./bench/run.sh
 
@@ -76,6 +80,7 @@ test: deps
 	$(MAKE) asan-unit
 	$(MAKE) windows-unit
 	$(MAKE) e2e
+	$(MAKE) guide
 	$(MAKE) asan-e2e
 	$(MAKE) fuzz-smoke
 	$(MAKE) windows-e2e
