@@ -1,7 +1,7 @@
 # The two commands of the README:
 #   make demo   builds the Linux program and runs the letter example
 #   make test   installs what is missing, builds both targets, runs every test
-.PHONY: demo test deps layers linux linux-asan windows unit asan-unit windows-unit e2e asan-e2e windows-e2e faults guide bench fuzz fuzz-smoke package clean
+.PHONY: demo test deps layers linux linux-asan windows unit asan-unit windows-unit e2e asan-e2e windows-e2e faults guide bench fuzz fuzz-smoke package windows-dist windows-install-test clean
 
 JOBS ?= $(shell nproc)
 
@@ -66,6 +66,14 @@ guide: linux
 bench:
 	./bench/run.sh
 
+# The Windows zip and installer (build/windows/dist/), and a silent install,
+# run and uninstall of the installer under Wine.
+windows-dist: windows
+	./packaging/windows/make_dist.sh build/windows
+
+windows-install-test: windows-dist
+	xvfb-run -a ./packaging/windows/test_install.sh build/windows
+
 # The Linux packages: build/linux/scrivolt_11.3.3_amd64.deb and
 # build/linux/scrivolt-11.3.3-linux-x86_64.tar.gz.
 package: linux
@@ -84,6 +92,7 @@ test: deps
 	$(MAKE) asan-e2e
 	$(MAKE) fuzz-smoke
 	$(MAKE) windows-e2e
+	$(MAKE) windows-install-test
 	@echo "All tests passed."
 
 clean:

@@ -3,8 +3,8 @@
 # something is missing. Runs apt-get only when a tool is absent.
 set -euo pipefail
 
-packages=(g++ clang cmake ninja-build libgtest-dev mingw-w64 wine wine64 xvfb x11-apps x11-utils imagemagick fp-utils scdoc dpkg-dev python3)
-tools=(g++ clang++ cmake ninja x86_64-w64-mingw32-g++-posix wine xvfb-run xwd xwininfo convert chmcmd scdoc dpkg-shlibdeps python3)
+packages=(g++ clang cmake ninja-build libgtest-dev mingw-w64 wine wine64 xvfb x11-apps x11-utils imagemagick fp-utils scdoc dpkg-dev python3 nsis zip)
+tools=(g++ clang++ cmake ninja x86_64-w64-mingw32-g++-posix wine xvfb-run xwd xwininfo convert chmcmd scdoc dpkg-shlibdeps python3 makensis zip)
 
 missing=0
 for tool in "${tools[@]}"; do
