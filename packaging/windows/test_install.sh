@@ -19,6 +19,7 @@ start_menu=$(winepath -u "$(wine cmd /c echo %ProgramData% 2>/dev/null | tr -d '
 home=$program_files/Scrivolt
 
 wine "$build/dist/Scrivolt-11.3.3-setup.exe" /S >/dev/null 2>&1
+timeout 60 wineserver -w
 check "the program is installed" test -f "$home/Scrivolt.exe"
 check "the help file is installed" test -f "$home/Help/Scrivolt_EN.chm"
 check "the licence and README are installed" test -f "$home/LICENSE" -a -f "$home/README.md"
@@ -34,9 +35,10 @@ printf 'Hello <# use param: "Name" #>!' >"$job/t.txt"
 check "the installed program runs a job" grep -q 'Hello World!' "$job/out.txt"
 rm -rf "$job"
 
+# The uninstaller runs a copy of itself from the temporary folder: wait
+# until every process of the prefix has ended.
 wine "$home/Uninstall.exe" /S >/dev/null 2>&1
-for _ in $(seq 1 30); do [ -e "$home/Scrivolt.exe" ] || break; sleep 1; done
-sleep 2
+timeout 60 wineserver -w
 check "uninstalling removes the program folder" test ! -e "$home"
 check "uninstalling removes the shortcuts" test ! -e "$start_menu/Scrivolt"
 wineserver -k 2>/dev/null
