@@ -1,7 +1,7 @@
 # The two commands of the README:
 #   make demo   builds the Linux program and runs the letter example
 #   make test   installs what is missing, builds both targets, runs every test
-.PHONY: demo test deps layers linux linux-asan windows unit asan-unit windows-unit e2e asan-e2e windows-e2e faults guide bench fuzz fuzz-smoke package windows-dist windows-install-test clean
+.PHONY: demo test deps layers linux linux-asan windows unit asan-unit windows-unit e2e asan-e2e windows-e2e faults guide editors bench fuzz fuzz-smoke package windows-dist windows-install-test clean
 
 JOBS ?= $(shell nproc)
 
@@ -63,6 +63,14 @@ fuzz:
 guide: linux
 	./tests/guide/run.sh build/linux/scrivolt
 
+# The TextMate grammar against its sample (vscode-tmgrammar-test from npm,
+# installed into build/editor-tools) and the Vim syntax file.
+editors:
+	[ -x build/editor-tools/node_modules/.bin/vscode-tmgrammar-test ] || \
+	  npm install --silent --no-audit --no-fund --prefix build/editor-tools vscode-tmgrammar-test@0.1.3
+	build/editor-tools/node_modules/.bin/vscode-tmgrammar-test -g editors/textmate/scrivolt.tmLanguage.json "tests/editors/*.scrivolt"
+	./tests/editors/vim_syntax.sh
+
 bench:
 	./bench/run.sh
 
@@ -89,6 +97,7 @@ test: deps
 	$(MAKE) windows-unit
 	$(MAKE) e2e
 	$(MAKE) guide
+	$(MAKE) editors
 	$(MAKE) asan-e2e
 	$(MAKE) fuzz-smoke
 	$(MAKE) windows-e2e

@@ -23,6 +23,8 @@ endif()
 install(FILES README.md LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR} FILES_MATCHING PATTERN "*.md")
 install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY editors/vim/ DESTINATION ${CMAKE_INSTALL_DATADIR}/vim/vimfiles)
+install(FILES editors/textmate/scrivolt.tmLanguage.json DESTINATION ${CMAKE_INSTALL_DATADIR}/scrivolt/editors)
 install(FILES tools/completion/scrivolt.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
         RENAME scrivolt)
 

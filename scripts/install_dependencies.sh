@@ -1,28 +1,38 @@
 #!/usr/bin/env bash
-# Installs what building and testing both targets needs, on Debian 12, when
-# something is missing. Runs apt-get only when a tool is absent.
+# Installs what building and testing both targets needs, on Debian 12: the
+# package of every tool that is missing (apt-get runs only when one is).
 set -euo pipefail
 
-packages=(g++ clang cmake ninja-build libgtest-dev mingw-w64 wine wine64 xvfb x11-apps x11-utils imagemagick fp-utils scdoc dpkg-dev python3 nsis zip)
-tools=(g++ clang++ cmake ninja x86_64-w64-mingw32-g++-posix wine xvfb-run xwd xwininfo convert chmcmd scdoc dpkg-shlibdeps python3 makensis zip)
+# "tool package": the command that must exist, and the package that brings it.
+needs=(
+  "g++ g++" "clang++ clang" "cmake cmake" "ninja ninja-build"
+  "x86_64-w64-mingw32-g++-posix mingw-w64" "wine wine"
+  "xvfb-run xvfb" "xwd x11-apps" "xwininfo x11-utils" "convert imagemagick"
+  "chmcmd fp-utils" "scdoc scdoc" "dpkg-shlibdeps dpkg-dev" "python3 python3"
+  "makensis nsis" "zip zip" "node nodejs" "npm npm" "vim vim"
+)
+# Files that packages bring without a command of their own.
+files=(
+  "/usr/lib/wine/wine64 wine64"
+  "/usr/src/googletest/CMakeLists.txt googletest"
+  "/usr/lib/x86_64-linux-gnu/cmake/GTest/GTestConfig.cmake libgtest-dev"
+)
 
-missing=0
-for tool in "${tools[@]}"; do
-  command -v "$tool" >/dev/null 2>&1 || missing=1
+packages=()
+for need in "${needs[@]}"; do
+  command -v "${need%% *}" >/dev/null 2>&1 || packages+=("${need#* }")
 done
-[ -f /usr/src/googletest/CMakeLists.txt ] || missing=1
-[ -f /usr/lib/x86_64-linux-gnu/cmake/GTest/GTestConfig.cmake ] || missing=1
-
-if [ "$missing" = 0 ]; then
-  exit 0
-fi
+for need in "${files[@]}"; do
+  [ -f "${need%% *}" ] || packages+=("${need#* }")
+done
+[ ${#packages[@]} -gt 0 ] || exit 0
 
 if [ "$(id -u)" != 0 ]; then
   echo "Missing build tools; run as root to install: ${packages[*]}" >&2
   exit 1
 fi
 
-echo "Installing build and test tools..."
+echo "Installing build and test tools: ${packages[*]}"
 export DEBIAN_FRONTEND=noninteractive
 apt-get update -qq
 apt-get install -y -qq --no-install-recommends "${packages[@]}" >/dev/null

@@ -1,0 +1,2 @@
+" Templates named *.scrivolt or *.svt are Scrivolt templates.
+au BufRead,BufNewFile *.scrivolt,*.svt setfiletype scrivolt
