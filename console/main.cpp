@@ -14,6 +14,7 @@
 #include "cmdline/cmd_line_processor.h"
 #include "cmdline/switch_table.h"
 #include "cmdline/unexpected_error.h"
+#include "engine/process_context.h"
 #include "text/text.h"
 #include "text/usage_text.h"
 #include "text/base/utf8.h"
@@ -85,7 +86,9 @@ int RunProgram(int argc, char** argv) {
   for (int i = 1; i < argc; ++i) arguments.push_back(Utf8ToWide(argv[i]));
   CPlatformRunScreen screen(PrintUsageText);
   CCmdLineProcessor processor(screen);
-  if (processor.Run(arguments)) return 0;
+  const bool succeeded = processor.Run(arguments);
+  KeepTreesUntilProcessEnds(processor.Context());
+  if (succeeded) return 0;
   PrintSwitchHint(arguments);
   return 1;
 }

@@ -37,6 +37,7 @@ class CStateKeeper {
  public:
   CStateKeeper(CProcessContext& context, bool isolated) : context_(context), isolated_(isolated) {
     if (isolated_) {
+      context.setAside = CParams();
       parameters_ = std::make_unique<CParams>(context.parameters);
       userFunctions_ = std::make_unique<CUserFunctions>(context.userFunctions);
     } else {
@@ -45,6 +46,7 @@ class CStateKeeper {
   }
   ~CStateKeeper() {
     if (isolated_) {
+      context_.setAside = context_.parameters;
       context_.parameters = *parameters_;
       context_.userFunctions = *userFunctions_;
     } else {
@@ -128,13 +130,13 @@ WString EvaluateParts(const CParsePart& part, CProcessContext& context, WString&
     std::unique_ptr<CFunction> function;
     errorText = SetUpCall(*child, context, function);
     if (!errorText.empty()) break;
-    WString result;
-    errorText = function->Execute(context, result);
+    // The call appends to the output in place; when it fails, the output is
+    // abandoned with the whole processing.
+    errorText = function->Execute(context, output);
     if (!errorText.empty()) {
       AddErrorAt(errorText, MsgErrorProcessingFunction, *child, {{u"[FUNC]", child->Name()}});
       break;
     }
-    AppendResult(output, std::move(result));
   }
   LeaveNesting(context);
   return errorText;

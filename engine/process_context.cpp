@@ -1,6 +1,7 @@
 #include "engine/process_context.h"
 
 #include <utility>
+#include <vector>
 
 #include "engine/syntax/error_report.h"
 #include "engine/syntax/parse_part.h"
@@ -10,6 +11,13 @@
 namespace NScrivolt {
 
 CProcessContext::CProcessContext() { records.push_back(&baseRecord_); }
+
+void KeepTreesUntilProcessEnds(const CProcessContext& context) {
+  // Never freed, and reachable through this pointer to the end.
+  static auto* const kept = new std::vector<CParams>();
+  kept->push_back(context.parameters);
+  kept->push_back(context.setAside);
+}
 
 WString EnterNesting(CProcessContext& context, const CParsePart& at) {
   WString errorText;

@@ -40,6 +40,10 @@ class CProcessContext {
   virtual ~CProcessContext() = default;
 
   CParams parameters;
+  // The tree an isolated processing worked on, put aside when it ended and
+  // freed when the next processing starts (or the context goes), so that a
+  // run does not wait for a large tree to be freed node by node.
+  CParams setAside;
   CUserFunctions userFunctions;
   int nestingDepth = 0;
   // The innermost record is the last one; the base record is always first.
@@ -52,6 +56,11 @@ class CProcessContext {
  private:
   CFileRecord baseRecord_;
 };
+
+// Hands the context's parameter trees over to the end of the process: they
+// are never freed node by node, as the system takes the whole memory back at
+// once. For a program's last step after its last processing.
+void KeepTreesUntilProcessEnds(const CProcessContext& context);
 
 // Enters one more level of nested evaluation; error 40106 located at `at`
 // when the depth is already above the limit.

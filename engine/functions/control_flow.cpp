@@ -16,10 +16,7 @@ namespace {
 // Evaluates a body or branch and appends its text to the output.
 WString AppendEvaluation(const CFunction& function, ArgumentSlot part, WStringView displayName,
                          CProcessContext& context, WString& output) {
-  WString text;
-  WString errorText = EvaluateText(function, part, displayName, context, false, text);
-  output += text;
-  return errorText;
+  return AppendText(function, part, displayName, context, false, output);
 }
 
 // Sets a loop parameter (found or created) to a number.

@@ -69,25 +69,30 @@ bool CheckPresence(const CFunction& function, const CParsePart* part, WStringVie
 
 }  // namespace
 
-WString EvaluateText(const CFunction& function, const CParsePart* part, WStringView displayName,
-                     CProcessContext& context, bool allowFlag, WString& result) {
-  result.clear();
+WString AppendText(const CFunction& function, const CParsePart* part, WStringView displayName,
+                   CProcessContext& context, bool allowFlag, WString& output) {
   WString errorText;
   if (!CheckPresence(function, part, displayName, allowFlag, errorText)) return errorText;
   switch (part->Kind()) {
     case PartKind::ArgText:
-      result.assign(part->Value());
+      output.append(part->Value());
       break;
     case PartKind::ArgReference:
-      if (const CParam* found = FindReferenced(*part, context, errorText)) result = found->GetValue();
+      if (const CParam* found = FindReferenced(*part, context, errorText)) output += found->GetValue();
       break;
     case PartKind::ArgContent:
-      errorText = EvaluateParts(*part, context, result);
+      errorText = EvaluateParts(*part, context, output);
       break;
     default:
       break;
   }
   return errorText;
+}
+
+WString EvaluateText(const CFunction& function, const CParsePart* part, WStringView displayName,
+                     CProcessContext& context, bool allowFlag, WString& result) {
+  result.clear();
+  return AppendText(function, part, displayName, context, allowFlag, result);
 }
 
 WString EvaluateQualifier(const CFunction& function, const CParsePart* part, WStringView displayName,

@@ -49,7 +49,7 @@ class CFunction {
   const CParsePart* call_ = nullptr;
 };
 
-// Appends a function's result to what the output already holds, without a
+// Appends a text made elsewhere (a file's content) to the output, without a
 // copy when there is nothing before it.
 void AppendResult(WString& output, WString&& result);
 
@@ -63,6 +63,11 @@ WString CheckFunctionName(WStringView name, const CParsePart& at, WString& lower
 // (40116 when it does not exist). A content: its evaluation.
 WString EvaluateText(const CFunction& function, const CParsePart* part, WStringView displayName,
                      CProcessContext& context, bool allowFlag, WString& result);
+
+// Evaluates an argument as EvaluateText does and appends the text to
+// `output`; a content is evaluated straight into it.
+WString AppendText(const CFunction& function, const CParsePart* part, WStringView displayName,
+                   CProcessContext& context, bool allowFlag, WString& output);
 
 // Evaluates an argument to text and parses the text as a parameter reference.
 // An absent argument gives an empty qualifier when not `required`.

@@ -44,9 +44,7 @@ WString CFunctionUserFunction::Execute(CProcessContext& context, WString& output
   WString errorText = EvaluateArguments(context);
   if (!errorText.empty()) return errorText;
   ApplyArguments(context);
-  WString text;
-  errorText = EvaluateText(*this, definition_->body.Get(), u"Content", context, false, text);
-  output += text;
+  errorText = AppendText(*this, definition_->body.Get(), u"Content", context, false, output);
   // After a failing body the parameters stay as the call left them; the
   // error ends the processing anyway.
   if (errorText.empty()) RestoreArguments(context);
