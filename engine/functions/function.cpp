@@ -139,6 +139,23 @@ WString EvaluateQualifier(const CFunction& function, const CParsePart* part, WSt
   return errorText;
 }
 
+WString EvaluateParamInPlace(const CFunction& function, const CParsePart* part, WStringView displayName,
+                             CProcessContext& context, bool allowFlag, CParam& storage, const CParam*& param) {
+  param = nullptr;
+  WString errorText;
+  if (part != nullptr && part->Kind() == PartKind::ArgReference) {
+    param = FindReferenced(*part, context, errorText);
+    return errorText;
+  }
+  storage.Clear();
+  WString value;
+  errorText = EvaluateText(function, part, displayName, context, allowFlag, value);
+  if (!errorText.empty()) return errorText;
+  storage.SetValue(std::move(value));
+  param = &storage;
+  return errorText;
+}
+
 WString EvaluateParam(const CFunction& function, const CParsePart* part, WStringView displayName,
                       CProcessContext& context, bool allowFlag, CParam& target) {
   target.Clear();
