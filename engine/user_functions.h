@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <map>
 #include <vector>
 
@@ -56,10 +57,19 @@ class CUserFunctions {
   // The whole list of a name, for snapshots that keep or restore single names.
   const std::vector<CUserFunctionRef>* Definitions(const WString& lowerName) const;
   void SetDefinitions(const WString& lowerName, std::vector<CUserFunctionRef> definitions);
-  void Forget(const WString& lowerName) { table_.erase(lowerName); }
+  void Forget(const WString& lowerName);
+
+  // Names the registry's content: every change gives a number never given
+  // before, and a copy carries the number of the content it copies. So equal
+  // versions mean the same definitions, and what was resolved against one
+  // version holds for the other.
+  std::uint64_t Version() const { return version_; }
 
  private:
+  void Changed();
+
   std::map<WString, std::vector<CUserFunctionRef>> table_;
+  std::uint64_t version_ = 0;
 };
 
 }  // namespace NScrivolt

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <optional>
 #include <utility>
+#include <vector>
 
+#include "xml/xml_builder.h"
 #include "xml/xml_entities.h"
 #include "xml/xml_scanner.h"
 
@@ -11,16 +13,14 @@ namespace NScrivolt {
 
 namespace {
 
-// Builds the tree while the scanner walks the text. The open elements are the
-// chain from `current_` up through its parents to the nameless `top_`, so the
+// Reports the document to a builder while the scanner walks the text. The
+// names of the open elements are kept in a list, innermost last, so the
 // nesting depth of the document never becomes depth of the call stack.
 class XmlReader {
  public:
-  explicit XmlReader(WStringView text)
-      : text_(text), scanner_(text), top_(XmlTreeNode::CreateTopElement(std::nullopt)),
-        current_(top_) {}
+  XmlReader(WStringView text, IXmlBuilder& builder) : text_(text), scanner_(text), builder_(builder) {}
 
-  XmlTreeNode Read(WStringView requiredTopTag, XmlParseResult& result);
+  XmlTopLevel Read(XmlParseResult& result);
 
  private:
   bool ReadDocument();
@@ -28,23 +28,27 @@ class XmlReader {
   bool ReadSection(const XmlSectionTags& section);
   bool ReadEndTag();
   bool ReadStartTag(bool declaration);
-  bool ReadAttribute(XmlTreeNode& element, bool declaration, XmlToken& token);
+  bool ReadAttribute(bool declaration, XmlToken& token);
   bool Decode(WStringView raw, std::size_t rawStart, WString& decoded);
   WStringView DeclarationWord(const XmlToken& token) const;
 
   void AddText(WString text);
   void AddSection(XmlRawSection section, bool isComment);
   void FlushPending();
+  // Counts an item that goes to the open element, for the top level.
+  void CountItem(bool isElement, bool isDeclaration);
+  // The element just started becomes the open one.
+  void Enter(WStringView name);
 
   bool Fail(XmlParseError code, std::size_t at);
   void Warn(XmlParseError code, std::size_t at);
-  XmlTreeNode SelectResult(WStringView requiredTopTag);
   void FillResult(XmlParseResult& result) const;
 
   WStringView text_;
   XmlScanner scanner_;
-  XmlTreeNode top_;
-  XmlTreeNode current_;
+  IXmlBuilder& builder_;
+  std::vector<WStringView> open_;  // names of the open elements, innermost last
+  XmlTopLevel topLevel_;
   // A text is held back while a comment may still follow it and then another
   // text, which would be joined to it with the comment dropped.
   std::optional<WString> pendingText_;
@@ -53,17 +57,14 @@ class XmlReader {
   std::size_t problemAt_ = 0;
 };
 
-XmlTreeNode XmlReader::Read(WStringView requiredTopTag, XmlParseResult& result) {
-  const bool finished = ReadDocument();
-  XmlTreeNode tree;
-  if (finished) {
+XmlTopLevel XmlReader::Read(XmlParseResult& result) {
+  if (ReadDocument()) {
     FlushPending();
-    if (current_ != top_) Warn(XmlParseError::UnmatchedEndTagWarning, text_.size());
-    if (top_.ChildCount() == 0) Warn(XmlParseError::NoXmlTagWarning, text_.size());
-    tree = SelectResult(requiredTopTag);
+    if (!open_.empty()) Warn(XmlParseError::UnmatchedEndTagWarning, text_.size());
+    if (topLevel_.elements == 0) Warn(XmlParseError::NoXmlTagWarning, text_.size());
   }
   FillResult(result);
-  return tree;
+  return topLevel_;
 }
 
 // document := { text | section | endTag | startTag | declaration }
@@ -105,8 +106,7 @@ bool XmlReader::ReadSection(const XmlSectionTags& section) {
   if (!scanner_.ReadSection(section, value, closeTag)) {
     return Fail(XmlParseError::UnmatchedClearTagEnd, start);
   }
-  AddSection({WString(section.openTag), WString(value), WString(closeTag)},
-             section.isComment);
+  AddSection({WString(section.openTag), WString(value), WString(closeTag)}, section.isComment);
   return true;
 }
 
@@ -121,10 +121,11 @@ bool XmlReader::ReadEndTag() {
   if (name.text.empty()) return Fail(XmlParseError::MissingEndTagName, name.start);
   const XmlToken close = scanner_.NextTagToken();
   if (close.kind != XmlTokenKind::Close) return Fail(XmlParseError::MissingEndTagName, close.start);
-  while (current_ != top_) {
-    const bool matches = EqualsIgnoreCase(*current_.Name(), name.text);
+  while (!open_.empty()) {
+    const bool matches = EqualsIgnoreCase(open_.back(), name.text);
     if (!matches) Warn(XmlParseError::UnmatchedEndTagWarning, start);
-    current_ = current_.Parent();
+    open_.pop_back();
+    builder_.LeaveElement();
     if (matches) return true;
   }
   return Fail(XmlParseError::UnmatchedEndTag, start);
@@ -143,20 +144,21 @@ bool XmlReader::ReadStartTag(bool declaration) {
   if (nameToken.kind != XmlTokenKind::Word || name.empty()) {
     return Fail(XmlParseError::MissingStartTagName, nameToken.start);
   }
-  XmlTreeNode element = current_.AppendChildElement(WString(name), declaration);
+  CountItem(true, declaration);
+  builder_.StartElement(name, declaration);
   XmlToken token = scanner_.NextTagToken();
   for (;;) {
     switch (token.kind) {
       case XmlTokenKind::Word:
-        if (!ReadAttribute(element, declaration, token)) return false;
+        if (!ReadAttribute(declaration, token)) return false;
         break;
       case XmlTokenKind::Close:
-        if (!declaration) current_ = element;
+        if (!declaration) Enter(name);
         return true;
       case XmlTokenKind::EmptyClose:
         return true;
       case XmlTokenKind::End:
-        if (!declaration) current_ = element;
+        if (!declaration) Enter(name);
         Warn(XmlParseError::UnmatchedEndTagWarning, text_.size());
         return true;
       default:
@@ -168,7 +170,7 @@ bool XmlReader::ReadStartTag(bool declaration) {
 // attribute := word [ "=" ( quoted | word ) ]
 // Values are entity-decoded; names are kept as written. On entry `token` is
 // the name; on return it is the token after the attribute.
-bool XmlReader::ReadAttribute(XmlTreeNode& element, bool declaration, XmlToken& token) {
+bool XmlReader::ReadAttribute(bool declaration, XmlToken& token) {
   WString name(declaration ? DeclarationWord(token) : token.text);
   std::optional<WString> value;
   token = scanner_.NextTagToken();
@@ -184,7 +186,7 @@ bool XmlReader::ReadAttribute(XmlTreeNode& element, bool declaration, XmlToken& 
       return Fail(XmlParseError::UnexpectedToken, token.start);
     }
   }
-  if (!name.empty()) element.AppendElementAttribute(std::move(name), std::move(value));
+  if (!name.empty()) builder_.Attribute(std::move(name), std::move(value));
   return true;
 }
 
@@ -223,14 +225,28 @@ void XmlReader::AddSection(XmlRawSection section, bool isComment) {
     return;
   }
   FlushPending();
-  current_.AppendElementClear(std::move(section));
+  CountItem(false, false);
+  builder_.Section(std::move(section));
 }
 
 void XmlReader::FlushPending() {
-  if (pendingText_) current_.AppendElementText(std::move(*pendingText_));
-  if (pendingComment_) current_.AppendElementClear(std::move(*pendingComment_));
+  if (pendingText_) {
+    CountItem(false, false);
+    builder_.Text(std::move(*pendingText_));
+  }
+  if (pendingComment_) {
+    CountItem(false, false);
+    builder_.Section(std::move(*pendingComment_));
+  }
   pendingText_.reset();
   pendingComment_.reset();
+}
+
+void XmlReader::CountItem(bool isElement, bool isDeclaration) {
+  if (!open_.empty()) return;
+  if (topLevel_.items == 0) topLevel_.firstIsDeclaration = isDeclaration;
+  ++topLevel_.items;
+  if (isElement) ++topLevel_.elements;
 }
 
 bool XmlReader::Fail(XmlParseError code, std::size_t at) {
@@ -245,40 +261,79 @@ void XmlReader::Warn(XmlParseError code, std::size_t at) {
   problemAt_ = at;
 }
 
-XmlTreeNode XmlReader::SelectResult(WStringView requiredTopTag) {
-  if (!requiredTopTag.empty()) {
-    for (std::size_t i = 0; i < top_.ChildCount(); ++i) {
-      XmlTreeNode child = top_.Child(i);
-      if (!child.IsDeclaration() && EqualsIgnoreCase(*child.Name(), requiredTopTag)) return child;
-    }
-    Fail(XmlParseError::FirstTagNotFound, text_.size());
-    return {};
-  }
-  if (top_.OrderCount() == 1 && top_.ChildCount() == 1 && !top_.Child(0).IsDeclaration()) {
-    return top_.Child(0);
-  }
-  return top_;
-}
-
 void XmlReader::FillResult(XmlParseResult& result) const {
   result.error = problem_;
   result.line = 0;
   result.column = 0;
-  if (problem_ == XmlParseError::None) return;
-  const WStringView before = text_.substr(0, problemAt_);
+  if (problem_ != XmlParseError::None) LocateInXmlText(text_, problemAt_, result);
+}
+
+// Builds the XmlTreeNode tree: every element under the nameless top node.
+class XmlTreeBuilder : public IXmlBuilder {
+ public:
+  XmlTreeBuilder() : top_(XmlTreeNode::CreateTopElement(std::nullopt)), current_(top_) {}
+
+  void StartElement(WStringView name, bool isDeclaration) override {
+    last_ = current_.AppendChildElement(WString(name), isDeclaration);
+  }
+  void Attribute(WString name, std::optional<WString> value) override {
+    last_.AppendElementAttribute(std::move(name), std::move(value));
+  }
+  void EnterElement() override { current_ = last_; }
+  void LeaveElement() override { current_ = current_.Parent(); }
+  void Text(WString text) override { current_.AppendElementText(std::move(text)); }
+  void Section(XmlRawSection section) override { current_.AppendElementClear(std::move(section)); }
+
+  const XmlTreeNode& Top() const { return top_; }
+
+ private:
+  XmlTreeNode top_;
+  XmlTreeNode current_;
+  XmlTreeNode last_;
+};
+
+// The first top-level element named `tag` (ignoring case), or error 11,
+// which takes the place of any warning.
+XmlTreeNode SelectTopTag(const XmlTreeNode& top, WStringView tag, WStringView text, XmlParseResult& result) {
+  for (std::size_t i = 0; i < top.ChildCount(); ++i) {
+    XmlTreeNode child = top.Child(i);
+    if (!child.IsDeclaration() && EqualsIgnoreCase(*child.Name(), tag)) return child;
+  }
+  result.error = XmlParseError::FirstTagNotFound;
+  LocateInXmlText(text, text.size(), result);
+  return {};
+}
+
+}  // namespace
+
+void XmlReader::Enter(WStringView name) {
+  open_.push_back(name);
+  builder_.EnterElement();
+}
+
+XmlTopLevel ReadXmlText(WStringView text, IXmlBuilder& builder, XmlParseResult& result) {
+  return XmlReader(text, builder).Read(result);
+}
+
+void LocateInXmlText(WStringView text, std::size_t at, XmlParseResult& result) {
+  const WStringView before = text.substr(0, at);
   const std::size_t lineStart = before.rfind(u'\n') + 1;  // 0 when there is no LF
   result.line = std::size_t(std::count(before.begin(), before.end(), u'\n')) + 1;
   result.column = before.size() - lineStart + 1;
 }
-
-}  // namespace
 
 XmlTreeNode ParseXmlText(WStringView text, WStringView requiredTopTag, XmlParseResult& result) {
   if (text.empty()) {
     result = {XmlParseError::NoElementsFound, 0, 0};
     return {};
   }
-  return XmlReader(text).Read(requiredTopTag, result);
+  XmlTreeBuilder builder;
+  const XmlTopLevel topLevel = ReadXmlText(text, builder, result);
+  if (result.error != XmlParseError::None && !IsXmlParseWarning(result.error)) return {};
+  const XmlTreeNode& top = builder.Top();
+  if (!requiredTopTag.empty()) return SelectTopTag(top, requiredTopTag, text, result);
+  if (topLevel.items == 1 && topLevel.elements == 1 && !topLevel.firstIsDeclaration) return top.Child(0);
+  return top;
 }
 
 }  // namespace NScrivolt

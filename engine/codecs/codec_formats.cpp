@@ -28,7 +28,7 @@ WString EncodeInfallible(const CParam& source, WString& output) {
 const CCodecFormat kFormats[] = {
     {u"xml", XmlEncode, XmlDecode, nullptr, nullptr},
     {u"xmltree", nullptr, nullptr, EncodeXmlTree, DecodeXmlTree},
-    {u"html", HtmlEncode, HtmlDecode, nullptr, nullptr},
+    {u"html", HtmlEncode, HtmlDecode, nullptr, nullptr, AppendHtmlEncoded},
     {u"url", UrlEncode, UrlDecode, nullptr, nullptr},
     {u"urlparams", nullptr, nullptr, EncodeInfallible<EncodeUrlParams>, DecodeInfallible<DecodeUrlParams>},
     {u"csv", CsvFieldEncode, CsvFieldDecode, nullptr, nullptr},

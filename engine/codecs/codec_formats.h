@@ -15,6 +15,8 @@ struct CCodecFormat {
   // Structured formats: return the error text; `output` is appended to.
   WString (*encodeTree)(const CParam& source, WString& output);
   WString (*decodeTree)(WStringView text, CParam& target);
+  // Where a text format has it: encodeText appending to `output` in place.
+  void (*appendEncodedText)(WStringView text, WString& output) = nullptr;
 
   bool IsStructured() const { return encodeTree != nullptr; }
 };

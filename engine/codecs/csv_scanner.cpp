@@ -10,44 +10,29 @@ constexpr WChar kQuote = u'"';
 
 bool IsSeparatorOrLineEnd(WChar c) { return c == u',' || c == u'\r' || c == u'\n'; }
 
-class CCsvRecordReader {
- public:
-  explicit CCsvRecordReader(WStringView text) : text_(text) {}
+}  // namespace
 
-  std::size_t Read(const std::function<void(WString&&)>& field);
+bool CCsvFieldScanner::AtTerminator(std::size_t at) const {
+  return at == text_.size() || IsSeparatorOrLineEnd(text_[at]);
+}
 
- private:
-  bool AtTerminator(std::size_t at) const { return at == text_.size() || IsSeparatorOrLineEnd(text_[at]); }
-  std::size_t BlanksEnd(std::size_t at) const;
-  std::size_t ReadUnquoted(std::size_t at, WString& value) const;
-  std::size_t ReadQuoted(std::size_t at, WString& value) const;
-
-  WStringView text_;
-};
-
-std::size_t CCsvRecordReader::BlanksEnd(std::size_t at) const {
+std::size_t CCsvFieldScanner::BlanksEnd(std::size_t at) const {
   while (at < text_.size() && IsBlank(text_[at])) ++at;
   return at;
 }
 
-// record := field ("," field)*
-std::size_t CCsvRecordReader::Read(const std::function<void(WString&&)>& field) {
-  std::size_t at = 0;
-  for (;;) {
-    at = BlanksEnd(at);
-    WString value;
-    at = (at < text_.size() && text_[at] == kQuote) ? ReadQuoted(at + 1, value) : ReadUnquoted(at, value);
-    field(std::move(value));
-    if (at == text_.size() || text_[at] != u',') return at;
-    ++at;
-  }
+// field := blank* (quoted | unquoted)
+std::size_t CCsvFieldScanner::ReadField(std::size_t at, WString& value) const {
+  value.clear();
+  at = BlanksEnd(at);
+  return (at < text_.size() && text_[at] == kQuote) ? ReadQuoted(at + 1, value) : ReadUnquoted(at, value);
 }
 
 // unquoted := units up to a terminator; a run of blanks is kept only when
 // something other than a terminator follows it, so the field is the units
 // up to the terminator without the blanks before it. Returns the
 // terminator's place.
-std::size_t CCsvRecordReader::ReadUnquoted(std::size_t at, WString& value) const {
+std::size_t CCsvFieldScanner::ReadUnquoted(std::size_t at, WString& value) const {
   std::size_t terminator = at;
   while (!AtTerminator(terminator)) ++terminator;
   std::size_t end = terminator;
@@ -58,7 +43,7 @@ std::size_t CCsvRecordReader::ReadUnquoted(std::size_t at, WString& value) const
 
 // quoted := (unit | '""')* '"' blank*   — `at` is just behind the opening
 // quote. Returns the place of the terminator that ends the field.
-std::size_t CCsvRecordReader::ReadQuoted(std::size_t at, WString& value) const {
+std::size_t CCsvFieldScanner::ReadQuoted(std::size_t at, WString& value) const {
   for (;;) {
     const std::size_t quote = text_.find(kQuote, at);
     if (quote == WStringView::npos) {  // never closed: the rest is the field
@@ -78,12 +63,6 @@ std::size_t CCsvRecordReader::ReadQuoted(std::size_t at, WString& value) const {
     value.append(text_, quote, afterBlanks - quote);
     at = afterBlanks;
   }
-}
-
-}  // namespace
-
-std::size_t ReadCsvRecord(WStringView text, const std::function<void(WString&&)>& field) {
-  return CCsvRecordReader(text).Read(field);
 }
 
 }  // namespace NScrivolt

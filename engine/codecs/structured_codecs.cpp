@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "engine/codecs/csv_scanner.h"
-#include "engine/text_algorithms.h"
 #include "engine/codecs/text_codecs.h"
 
 namespace NScrivolt {
@@ -44,10 +43,34 @@ std::size_t SkipLineBreak(WStringView text, std::size_t at) {
   return at;
 }
 
+// Hands each piece of `text` between two separators to `piece`, in order,
+// empty pieces included: one more piece than separators.
+template <class PieceSink>
+void ForEachPiece(WStringView text, WChar separator, PieceSink&& piece) {
+  std::size_t begin = 0;
+  for (std::size_t end = text.find(separator); end != WStringView::npos; end = text.find(separator, begin)) {
+    piece(text.substr(begin, end - begin));
+    begin = end + 1;
+  }
+  piece(text.substr(begin));
+}
+
+// Reads the record at `at` into `record`, a numbered child per field, in
+// order; returns the place where it ended.
+std::size_t DecodeCsvRecord(const CCsvFieldScanner& scanner, std::size_t at, CParam& record) {
+  WString value;
+  for (;;) {
+    at = scanner.ReadField(at, value);
+    AppendField(record, std::move(value));
+    if (scanner.EndsRecord(at)) return at;
+    ++at;
+  }
+}
+
 }  // namespace
 
 void DecodeUrlParams(WStringView text, CParam& target) {
-  SplitText(text, u"&", true, [&target](WStringView piece) {
+  ForEachPiece(text, u'&', [&target](WStringView piece) {
     CParam& param = *target.AppendNumbered();
     const std::size_t equals = piece.find(u'=');
     param.GetChildByName(u"Name", true)->SetValue(WString(piece.substr(0, equals)));
@@ -69,17 +92,12 @@ WString EncodeUrlParams(const CParam& source) {
   return text;
 }
 
-void DecodeCsvLine(WStringView text, CParam& target) {
-  ReadCsvRecord(text, [&target](WString&& field) { AppendField(target, std::move(field)); });
-}
+void DecodeCsvLine(WStringView text, CParam& target) { DecodeCsvRecord(CCsvFieldScanner(text), 0, target); }
 
 void DecodeCsvLines(WStringView text, CParam& target) {
+  const CCsvFieldScanner scanner(text);
   std::size_t at = 0;
-  while (at < text.size()) {
-    CParam& record = *target.AppendNumbered();
-    at += ReadCsvRecord(text.substr(at), [&record](WString&& field) { AppendField(record, std::move(field)); });
-    at = SkipLineBreak(text, at);
-  }
+  while (at < text.size()) at = SkipLineBreak(text, DecodeCsvRecord(scanner, at, *target.AppendNumbered()));
 }
 
 WString EncodeCsvLine(const CParam& source) { return JoinFields(source, CsvFieldEncode, u","); }
@@ -87,7 +105,7 @@ WString EncodeCsvLine(const CParam& source) { return JoinFields(source, CsvField
 WString EncodeCsvLines(const CParam& source) { return JoinRecords(source, EncodeCsvLine); }
 
 void DecodeTsvLine(WStringView text, CParam& target) {
-  SplitText(text, u"\t", true, [&target](WStringView field) { AppendField(target, WString(field)); });
+  ForEachPiece(text, u'\t', [&target](WStringView field) { AppendField(target, WString(field)); });
 }
 
 void DecodeTsvLines(WStringView text, CParam& target) {

@@ -44,18 +44,28 @@ WString XmlDecode(WStringView text) {
 }
 
 // One pass, for the same reason as XmlEncode.
+void AppendHtmlEncoded(WStringView text, WString& output) {
+  std::size_t plainFrom = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    WStringView entity;
+    switch (text[i]) {
+      case u'&': entity = u"&amp;"; break;
+      case u'<': entity = u"&lt;"; break;
+      case u'>': entity = u"&gt;"; break;
+      case u'"': entity = u"&quot;"; break;
+      default: continue;
+    }
+    output.append(text, plainFrom, i - plainFrom);
+    output += entity;
+    plainFrom = i + 1;
+  }
+  output.append(text, plainFrom, WStringView::npos);
+}
+
 WString HtmlEncode(WStringView text) {
   WString result;
   result.reserve(text.size());
-  for (WChar c : text) {
-    switch (c) {
-      case u'&': result += u"&amp;"; break;
-      case u'<': result += u"&lt;"; break;
-      case u'>': result += u"&gt;"; break;
-      case u'"': result += u"&quot;"; break;
-      default: result += c; break;
-    }
-  }
+  AppendHtmlEncoded(text, result);
   return result;
 }
 

@@ -18,6 +18,8 @@ WString XmlDecode(WStringView text);
 
 // As XML, except that the apostrophe and "&apos;" are left alone.
 WString HtmlEncode(WStringView text);
+// HtmlEncode appending to `output`: the plain runs go over in one piece.
+void AppendHtmlEncoded(WStringView text, WString& output);
 WString HtmlDecode(WStringView text);
 
 // Each unit that is a control, the space, or one of "\"#$%&+,/:;<=>?@[\]^`{|}~",

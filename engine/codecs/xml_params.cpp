@@ -1,10 +1,14 @@
 #include "engine/codecs/xml_params.h"
 
+#include <cstdint>
+#include <optional>
 #include <utility>
 #include <vector>
 
+#include "engine/params/param_automatic_name.h"
 #include "text/error_text.h"
 #include "text/text.h"
+#include "xml/xml_builder.h"
 #include "xml/xml_parse.h"
 #include "xml/xml_write.h"
 
@@ -14,37 +18,94 @@ namespace {
 
 // --- decoding ------------------------------------------------------------------
 
-// An element still to be decoded, and the "SubTags" parameter that receives
-// it as its next numbered child.
-struct DecodeStep {
-  XmlTreeNode element;
-  CParam* subTags;
-};
-
 void SetChildValue(CParam& param, WStringView name, WString value) {
   param.GetChildByName(name, true)->SetValue(std::move(value));
 }
 
-// Fills `target` with one element's name, first text and attributes, and
-// leaves its child elements on `pending`, the first on top, so that the
-// elements are decoded in document order and the numbered parameters get
-// their automatic names in that order too.
-void DecodeElement(const XmlTreeNode& element, CParam& target, std::vector<DecodeStep>& pending) {
-  SetChildValue(target, u"Name", element.Name().value_or(WString()));
-  SetChildValue(target, u"Value", WString(element.Text(0).value_or(WStringView())));
-  if (element.AttributeCount() > 0) {
-    CParam& attributes = *target.GetChildByName(u"Attibutes", true);
-    for (std::size_t i = 0; i < element.AttributeCount(); ++i) {
-      const XmlTreeAttribute& attribute = element.Attribute(i);
-      CParam& entry = *attributes.AppendNumbered();
-      SetChildValue(entry, u"Name", attribute.name);
-      SetChildValue(entry, u"Value", attribute.value.value_or(WString()));
+// Builds the parameters of a document while it is read: each element a node
+// with "Name", "Value" (its first text), "Attibutes" (numbered, each with
+// "Name" and "Value") and "SubTags" (its child elements, numbered), created
+// in document order, so that numbered nodes get their automatic names in
+// that order. The document is the nameless node of its top level, unless
+// that holds just one element (not a declaration): then `target` is that
+// element. Which of the two a document is shows only at its end, so the
+// builder is told which to build; it notes when the document is the other.
+class CParamXmlBuilder : public IXmlBuilder {
+ public:
+  CParamXmlBuilder(CParam& target, bool singleElement) : target_(target), singleElement_(singleElement) {
+    open_.push_back(singleElement ? Node{} : StartNode(target, WString()));
+  }
+
+  void StartElement(WStringView name, bool isDeclaration) override {
+    if (AtTopOfSingleElement(!isDeclaration && !rootSeen_)) {
+      rootSeen_ = true;
+      last_ = StartNode(target_, WString(name));
+      return;
     }
+    if (guessedWrong_) return;
+    Node& parent = open_.back();
+    if (parent.subTags == nullptr) parent.subTags = parent.param->GetChildByName(u"SubTags", true);
+    last_ = StartNode(*parent.subTags->AppendNumbered(), WString(name));
   }
-  if (element.ChildCount() > 0) {
-    CParam* subTags = target.GetChildByName(u"SubTags", true);
-    for (std::size_t i = element.ChildCount(); i > 0; --i) pending.push_back({element.Child(i - 1), subTags});
+
+  void Attribute(WString name, std::optional<WString> value) override {
+    if (guessedWrong_) return;
+    if (last_.attributes == nullptr) last_.attributes = last_.param->GetChildByName(u"Attibutes", true);
+    CParam& entry = *last_.attributes->AppendNumbered();
+    SetChildValue(entry, u"Name", std::move(name));
+    SetChildValue(entry, u"Value", value ? std::move(*value) : WString());
   }
+
+  void EnterElement() override { open_.push_back(last_); }
+  void LeaveElement() override { open_.pop_back(); }
+
+  void Text(WString text) override {
+    if (AtTopOfSingleElement(false) || guessedWrong_) return;
+    Node& node = open_.back();
+    if (node.hasText) return;
+    node.value->SetValue(std::move(text));
+    node.hasText = true;
+  }
+
+  void Section(XmlRawSection) override { AtTopOfSingleElement(false); }
+
+ private:
+  struct Node {
+    CParam* param = nullptr;
+    CParam* value = nullptr;
+    CParam* attributes = nullptr;  // made with the first attribute
+    CParam* subTags = nullptr;     // made with the first child element
+    bool hasText = false;
+  };
+
+  static Node StartNode(CParam& param, WString name) {
+    SetChildValue(param, u"Name", std::move(name));
+    return Node{&param, param.GetChildByName(u"Value", true)};
+  }
+
+  // Whether an item comes to the top level of a document built as a single
+  // element; anything there but that one element (`fits`) shows the guess
+  // wrong.
+  bool AtTopOfSingleElement(bool fits) {
+    if (!singleElement_ || open_.size() > 1) return false;
+    if (!fits) guessedWrong_ = true;
+    return fits;
+  }
+
+  CParam& target_;
+  const bool singleElement_;
+  bool rootSeen_ = false;
+  bool guessedWrong_ = false;
+  std::vector<Node> open_;  // the top level first, the innermost open element last
+  Node last_;               // the element started last
+};
+
+// Whether the document most likely is one element, judged by its start: a
+// text, declaration or section first makes it more than that.
+bool LooksLikeSingleElement(WStringView text) {
+  const std::size_t first = text.find_first_not_of(u" \t\r\n");
+  if (first == WStringView::npos || text[first] != u'<') return false;
+  return first + 1 < text.size() && text[first + 1] != u'?' && text[first + 1] != u'!';
 }
 
 WString InvalidXmlError(const XmlParseResult& result) {
@@ -87,23 +148,36 @@ bool EncodeElement(const EncodeStep& step, std::vector<EncodeStep>& pending) {
   return true;
 }
 
+// Reads the document into `target` built as the given shape. On an error,
+// or when the document is of the other shape, what was built is freed and
+// the automatic numbers it took are given back. Returns the shape the
+// document has.
+bool BuildFromXml(WStringView text, CParam& target, bool singleElement, XmlParseResult& result) {
+  const std::uint64_t numbersBefore = LastAutomaticNumber();
+  CParamXmlBuilder builder(target, singleElement);
+  const XmlTopLevel topLevel = ReadXmlText(text, builder, result);
+  const bool isSingleElement = topLevel.items == 1 && topLevel.elements == 1 && !topLevel.firstIsDeclaration;
+  if (result.error != XmlParseError::None || isSingleElement != singleElement) {
+    target.Clear();
+    TakeBackAutomaticNumbers(numbersBefore);
+  }
+  return isSingleElement;
+}
+
 }  // namespace
 
-// The steps hold the only handles to the document's elements, so each
-// element is freed as soon as it is decoded, and the parameters made after
-// it can take its memory.
+// The tree is built while the document is read, as the shape its start
+// suggests; a document of the other shape is read once more.
 WString DecodeXmlTree(WStringView text, CParam& target) {
   XmlParseResult result;
-  XmlTreeNode root = ParseXmlText(text, u"", result);
-  if (result.error != XmlParseError::None) return InvalidXmlError(result);
-  std::vector<DecodeStep> pending;
-  DecodeElement(root, target, pending);
-  root = XmlTreeNode();
-  while (!pending.empty()) {
-    const DecodeStep step = std::move(pending.back());
-    pending.pop_back();
-    DecodeElement(step.element, *step.subTags->AppendNumbered(), pending);
+  if (text.empty()) {
+    result = {XmlParseError::NoElementsFound, 0, 0};
+    return InvalidXmlError(result);
   }
+  const bool guess = LooksLikeSingleElement(text);
+  const bool shape = BuildFromXml(text, target, guess, result);
+  if (result.error == XmlParseError::None && shape != guess) BuildFromXml(text, target, shape, result);
+  if (result.error != XmlParseError::None) return InvalidXmlError(result);
   return WString();
 }
 

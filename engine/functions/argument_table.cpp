@@ -26,10 +26,15 @@ CArgumentTable::CArgumentTable(const CArgumentTable& base, std::initializer_list
 }
 
 int CArgumentTable::Bind(CFunction& function, WStringView name, const CParsePartRef& part) const {
+  const CArgumentRow* row = Find(name);
+  return row != nullptr ? row->Bind(function, part) : kArgumentUnknown;
+}
+
+const CArgumentRow* CArgumentTable::Find(WStringView name) const {
   for (const CArgumentRow& row : rows_) {
-    if (row.name == name) return row.Bind(function, part);
+    if (row.name == name) return &row;
   }
-  return kArgumentUnknown;
+  return nullptr;
 }
 
 }  // namespace NScrivolt

@@ -66,6 +66,9 @@ class CArgumentTable {
 
   // Binds the argument written as `name` (lower-cased) to `function`.
   int Bind(CFunction& function, WStringView name, const CParsePartRef& part) const;
+  // The row of the argument written as `name` (lower-cased); null when the
+  // function takes no argument of that name.
+  const CArgumentRow* Find(WStringView name) const;
 
  private:
   std::vector<CArgumentRow> rows_;

@@ -57,18 +57,22 @@ const CArgumentTable& CFunctionEncode::Arguments() const {
 
 WString CFunctionEncode::Execute(CProcessContext& context, WString& output) {
   WString keyword;
-  CParam what;
+  CParam storage;
+  const CParam* what = nullptr;
   WString errorText = EvaluateText(*this, for_, u"For", context, false, keyword);
-  if (errorText.empty()) errorText = EvaluateParam(*this, what_, u"What", context, false, what);
+  if (errorText.empty()) errorText = EvaluateParamInPlace(*this, what_, u"What", context, false, storage, what);
   if (!errorText.empty()) return errorText;
 
   const CCodecFormat* format = FindCodecFormat(keyword);
   if (format == nullptr) return UnknownOptionError(*for_, keyword);
-  if (!format->IsStructured()) {
-    output += format->encodeText(what.GetValue());
-    return errorText;
+  if (format->appendEncodedText != nullptr) {
+    format->appendEncodedText(what->GetValue(), output);
+  } else if (!format->IsStructured()) {
+    output += format->encodeText(what->GetValue());
+  } else {
+    errorText = format->encodeTree(*what, output);
   }
-  return format->encodeTree(what, output);
+  return errorText;
 }
 
 CBuiltInFamily CodecFunctions() {

@@ -1,5 +1,6 @@
 #include "engine/functions/function.h"
 
+#include <memory>
 #include <utility>
 
 #include "engine/syntax/char_class.h"
@@ -42,12 +43,36 @@ WString CheckFunctionName(WStringView name, const CParsePart& at, WString& lower
 
 namespace {
 
+// A reference written as a constant (a quoted text or a reference), parsed
+// on the part's first evaluation.
+class CConstantQualifier : public CPartCache {
+ public:
+  CParamQualifier qualifier;
+};
+
+// The reference the constant value of an ArgText or ArgReference part names:
+// parsed once and kept in the part, since its text never changes. A text
+// that is no reference is parsed again each time, so that the error names
+// the argument as the caller does.
+WString ConstantQualifier(const CParsePart& part, WStringView argName, const CParamQualifier*& qualifier) {
+  if (const auto* cached = static_cast<const CConstantQualifier*>(part.Cache())) {
+    qualifier = &cached->qualifier;
+    return WString();
+  }
+  auto parsed = std::make_unique<CConstantQualifier>();
+  WString errorText = ParseQualifier(part.Value(), argName, part, parsed->qualifier);
+  if (!errorText.empty()) return errorText;
+  qualifier = &parsed->qualifier;
+  part.SetCache(std::move(parsed));
+  return errorText;
+}
+
 // The parameter an ArgReference part names, or null with the error set.
 const CParam* FindReferenced(const CParsePart& part, CProcessContext& context, WString& errorText) {
-  CParamQualifier qualifier;
-  errorText = ParseQualifier(part.Value(), part.Name(), part, qualifier);
+  const CParamQualifier* qualifier = nullptr;
+  errorText = ConstantQualifier(part, part.Name(), qualifier);
   if (!errorText.empty()) return nullptr;
-  const CParam* found = std::as_const(context).Root().FindParam(qualifier);
+  const CParam* found = std::as_const(context).Root().FindParam(*qualifier);
   if (found == nullptr) errorText = ParamNotSetError(part, part.Value());
   return found;
 }
@@ -100,10 +125,34 @@ WString EvaluateQualifier(const CFunction& function, const CParsePart* part, WSt
                           WString* evaluatedText) {
   qualifier.clear();
   if (part == nullptr && !required) return WString();
+  if (part != nullptr && part->Kind() == PartKind::ArgText) {
+    const CParamQualifier* constant = nullptr;
+    WString errorText = ConstantQualifier(*part, displayName, constant);
+    if (constant != nullptr) qualifier = *constant;
+    if (evaluatedText != nullptr) evaluatedText->assign(part->Value());
+    return errorText;
+  }
   WString text;
   WString errorText = EvaluateText(function, part, displayName, context, false, text);
   if (errorText.empty()) errorText = ParseQualifier(text, displayName, *part, qualifier);
   if (evaluatedText != nullptr) *evaluatedText = std::move(text);
+  return errorText;
+}
+
+WString EvaluateParamInPlace(const CFunction& function, const CParsePart* part, WStringView displayName,
+                             CProcessContext& context, bool allowFlag, CParam& storage, const CParam*& param) {
+  param = nullptr;
+  WString errorText;
+  if (part != nullptr && part->Kind() == PartKind::ArgReference) {
+    param = FindReferenced(*part, context, errorText);
+    return errorText;
+  }
+  storage.Clear();
+  WString value;
+  errorText = EvaluateText(function, part, displayName, context, allowFlag, value);
+  if (!errorText.empty()) return errorText;
+  storage.SetValue(std::move(value));
+  param = &storage;
   return errorText;
 }
 

@@ -82,6 +82,12 @@ WString EvaluateQualifier(const CFunction& function, const CParsePart* part, WSt
 WString EvaluateParam(const CFunction& function, const CParsePart* part, WStringView displayName,
                       CProcessContext& context, bool allowFlag, CParam& target);
 
+// As EvaluateParam, without the copy: a reference gives `param` the node it
+// names, any other value is set in `storage` and `param` points there. The
+// node is for reading before anything changes the tree again.
+WString EvaluateParamInPlace(const CFunction& function, const CParsePart* part, WStringView displayName,
+                             CProcessContext& context, bool allowFlag, CParam& storage, const CParam*& param);
+
 // Evaluates an option argument and compares the text, ignoring case, with
 // `keywords` in order; `choice` receives the index of the first match. No
 // match: error 40124 at the argument, with the evaluated text and the

@@ -30,18 +30,16 @@ CBuiltInFamily TextFunctions();           // engine/functions/text_functions.cpp
 CBuiltInFamily CodecFunctions();          // engine/functions/codec_functions.cpp
 CBuiltInFamily ExternalFileFunctions();   // engine/functions/external_file_functions.cpp
 
-// Makes the function object for a written name: a user function of that name
-// first, then the built-in function; error 40125 at `at` when neither exists.
-WString CreateFunction(WStringView writtenName, const CParsePart& at, const CProcessContext& context,
-                       std::unique_ptr<CFunction>& function);
-
 // Makes and binds the function object of a Call part. On error (40123, 40101,
-// each followed by 40120; or a creation error) no object is returned.
+// each followed by 40120; or a creation error) no object is returned. A
+// successful set-up is kept in the part and repeated from there while the
+// user functions stay as they were, so a call in a loop resolves its
+// function and binds its arguments by name once.
 WString SetUpCall(const CParsePart& call, const CProcessContext& context,
                   std::unique_ptr<CFunction>& function);
 
-// A new object of the built-in function with this lower-cased name, or null.
-std::unique_ptr<CFunction> MakeBuiltInFunction(WStringView lowerName);
+// The maker of the built-in function with this lower-cased name, or null.
+FunctionMaker FindBuiltInFunction(WStringView lowerName);
 
 template <class T>
 std::unique_ptr<CFunction> Make() {

@@ -14,6 +14,12 @@ std::uint64_t g_automaticNumberCounter = 0;
 
 std::uint64_t NextAutomaticNumber() { return ++g_automaticNumberCounter; }
 
+std::uint64_t LastAutomaticNumber() { return g_automaticNumberCounter; }
+
+void TakeBackAutomaticNumbers(std::uint64_t last) {
+  if (last < g_automaticNumberCounter) g_automaticNumberCounter = last;
+}
+
 WString AutomaticName(std::uint64_t number) {
   WString name = AutomaticKey(number);
   name[0] = u'P';

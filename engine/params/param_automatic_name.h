@@ -14,6 +14,12 @@ namespace NScrivolt {
 
 // The next number of the process-wide counter; the first one is 1.
 std::uint64_t NextAutomaticNumber();
+// The last number handed out; 0 before the first.
+std::uint64_t LastAutomaticNumber();
+// Takes back every number handed out after `last`, a value that
+// LastAutomaticNumber gave. For a builder that gave up and has freed every
+// node it numbered: the numbers then run on as if it had never started.
+void TakeBackAutomaticNumbers(std::uint64_t last);
 
 // "Param" and the number; "param" and the number.
 WString AutomaticName(std::uint64_t number);

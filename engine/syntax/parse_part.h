@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "engine/ref_counter.h"
@@ -37,6 +38,15 @@ enum class PartKind : std::int32_t {
   ArgContent = 6,    // name; children: the parts between the parentheses
 };
 
+// What the evaluation works out once about a part and keeps for the part's
+// later evaluations: a call's function and argument binding, a constant
+// reference parsed. Only what follows from the part alone (or is checked
+// again before each use) may be kept, since the part outlives any one run.
+class CPartCache {
+ public:
+  virtual ~CPartCache() = default;
+};
+
 class CParsePart;
 using CParsePartRef = CRefCounter<CParsePart*>;
 
@@ -57,6 +67,10 @@ class CParsePart {
   WStringView Name() const { return name_; }
   WStringView Value() const { return value_; }
   const std::vector<CParsePartRef>& Children() const { return children_; }
+  // The evaluation's cache of this part; null until it keeps one. A part is
+  // evaluated in one thread, so a cache may be filled while the tree is const.
+  CPartCache* Cache() const { return cache_.get(); }
+  void SetCache(std::unique_ptr<CPartCache> cache) const { cache_ = std::move(cache); }
 
  private:
   friend class CParser;
@@ -73,6 +87,7 @@ class CParsePart {
   WStringView value_;                  // into source_, or into ownValue_
   std::unique_ptr<WString> ownValue_;  // only for a value that differs from the text as written
   std::vector<CParsePartRef> children_;
+  mutable std::unique_ptr<CPartCache> cache_;
 };
 
 }  // namespace NScrivolt
