@@ -13,5 +13,7 @@ function(scrivolt_language_module code primary sub)
   set(target Scrivolt_${upper})
   add_library(${target} MODULE ${resources} ${strings})
   set_target_properties(${target} PROPERTIES PREFIX "" LINKER_LANGUAGE CXX)
+  # The resource scripts name the program's resource ids (app/shell/resource_ids.h).
+  target_include_directories(${target} PRIVATE ${CMAKE_SOURCE_DIR})
   target_link_options(${target} PRIVATE -nostdlib -Wl,--entry,0)
 endfunction()
