@@ -76,6 +76,13 @@ WString EvaluateQualifier(const CFunction& function, const CParsePart* part, WSt
                           CProcessContext& context, bool required, CParamQualifier& qualifier,
                           WString* evaluatedText = nullptr);
 
+// As EvaluateQualifier, without the copy: `qualifier` points to the parsed
+// reference, kept in the part for a constant text and in `storage` for any
+// other. Valid while the part and `storage` are.
+WString EvaluateQualifierInPlace(const CFunction& function, const CParsePart* part, WStringView displayName,
+                                 CProcessContext& context, bool required, CParamQualifier& storage,
+                                 const CParamQualifier*& qualifier, WString* evaluatedText = nullptr);
+
 // Evaluates an argument into `target` (cleared first): a reference makes the
 // target a deep copy of the parameter it names, value and sub-parameters;
 // any other value sets the target's value.
