@@ -14,6 +14,7 @@ needs=(
 # Files that packages bring without a command of their own.
 files=(
   "/usr/lib/wine/wine64 wine64"
+  "/usr/share/wine/fonts/marlett.ttf fonts-wine"
   "/usr/src/googletest/CMakeLists.txt googletest"
   "/usr/lib/x86_64-linux-gnu/cmake/GTest/GTestConfig.cmake libgtest-dev"
 )

@@ -34,6 +34,8 @@ platform=posix
 if [ "${1:-}" = "--windows" ]; then platform=windows; shift; fi
 program=$(realpath "$1"); shift
 box_driver=${BOX_DRIVER:-$(dirname "$program")/tests/box_driver.exe}
+beta_notice='Scrivolt - Beta version
+This is a beta version of Scrivolt.  While it is fully useable, we cannot guarantee that the final version will behave identically to this one.  We might somewhat improve/change the script language, so please take this into consideration when designing your templates.'
 here=$(cd "$(dirname "$0")" && pwd)
 cases=("$@")
 [ ${#cases[@]} -gt 0 ] || mapfile -t cases < <(cd "$here/cases" && ls -d */ | sed 's:/$::')
@@ -80,6 +82,15 @@ run_case() {
   code=$?
   local expected_code=0 problems=()
   [ -f "$case_dir/exit_code" ] && expected_code=$(tr -d '[:space:]' < "$case_dir/exit_code")
+  # The Windows program greets every start with its beta notice; the case's
+  # own boxes follow it.
+  if [ "$platform" = windows ]; then
+    if [ "$(head -n 2 "$scratch/$name.stderr")" = "$beta_notice" ]; then
+      sed -i 1,2d "$scratch/$name.stderr"
+    else
+      problems+=("no beta notice before the case's boxes")
+    fi
+  fi
   if [ "$code" = 124 ]; then problems+=("timed out"); fi
   [ "$code" = "$expected_code" ] || problems+=("exit code $code, expected $expected_code")
   if [ -d "$case_dir/expected" ]; then

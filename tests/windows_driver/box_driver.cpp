@@ -14,59 +14,11 @@
 #include <string>
 #include <vector>
 
+#include "driver_common.h"
+
 namespace {
 
-constexpr DWORD kPollMilliseconds = 20;
-constexpr int kTimedOutExitCode = 124;
-
-// One argument quoted so that the usual splitting rules give it back unchanged.
-std::wstring Quote(const std::wstring& argument) {
-  if (!argument.empty() && argument.find_first_of(L" \t\"") == std::wstring::npos) return argument;
-  std::wstring quoted = L"\"";
-  size_t backslashes = 0;
-  for (wchar_t c : argument) {
-    if (c == L'\\') {
-      ++backslashes;
-      continue;
-    }
-    quoted.append(c == L'"' ? backslashes * 2 + 1 : backslashes, L'\\');
-    backslashes = 0;
-    quoted.push_back(c);
-  }
-  quoted.append(backslashes * 2, L'\\');
-  return quoted + L"\"";
-}
-
-std::string Utf8(const std::wstring& text) {
-  if (text.empty()) return std::string();
-  const int size = WideCharToMultiByte(CP_UTF8, 0, text.data(), int(text.size()), nullptr, 0, nullptr, nullptr);
-  std::string bytes(size_t(size), '\0');
-  WideCharToMultiByte(CP_UTF8, 0, text.data(), int(text.size()), &bytes[0], size, nullptr, nullptr);
-  return bytes;
-}
-
-std::wstring WindowText(HWND window) {
-  std::wstring text(size_t(GetWindowTextLengthW(window)) + 1, L'\0');
-  text.resize(size_t(GetWindowTextW(window, &text[0], int(text.size()))));
-  return text;
-}
-
-std::wstring ClassName(HWND window) {
-  wchar_t name[64] = {};
-  GetClassNameW(window, name, 64);
-  return name;
-}
-
-// The message text of a message box: its static control with the longest text
-// (the icon is a static control too, without text).
-BOOL CALLBACK CollectStaticText(HWND child, LPARAM found) {
-  auto* text = reinterpret_cast<std::wstring*>(found);
-  if (ClassName(child) == L"Static") {
-    const std::wstring candidate = WindowText(child);
-    if (candidate.size() > text->size()) *text = candidate;
-  }
-  return TRUE;
-}
+using namespace driver;
 
 struct Search {
   DWORD processId;
@@ -90,9 +42,7 @@ size_t AnswerBoxes(DWORD processId, std::set<HWND>& answered) {
   size_t count = 0;
   for (HWND box : search.boxes) {
     if (!answered.insert(box).second) continue;
-    std::wstring text;
-    EnumChildWindows(box, CollectStaticText, reinterpret_cast<LPARAM>(&text));
-    const std::string record = Utf8(WindowText(box)) + "\n" + Utf8(text) + "\n";
+    const std::string record = Utf8(WindowText(box)) + "\n" + Utf8(BoxText(box)) + "\n";
     std::fwrite(record.data(), 1, record.size(), stdout);
     std::fflush(stdout);
     PostMessageW(box, WM_COMMAND, MAKEWPARAM(IDOK, BN_CLICKED), 0);

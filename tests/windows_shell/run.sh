@@ -96,39 +96,30 @@ mkdir -p "$installed/Help"
 cp "$build/Scrivolt.exe" "$installed/"
 cp "$build/Help/Scrivolt_EN.chm" "$installed/Help/"
 nothing_box=$'Scrivolt - Error processing\nNothing specified to process'
-run_case help-with-file 0 "$nothing_box" "$installed" "$installed/Scrivolt.exe" "/?"
+# Every start of the program shows the beta notice first.
+beta_text='This is a beta version of Scrivolt.  While it is fully useable, we cannot guarantee that the final version will behave identically to this one.  We might somewhat improve/change the script language, so please take this into consideration when designing your templates.'
+beta_box="Scrivolt - Beta version"$'\n'"$beta_text"
+run_case help-with-file 0 "$beta_box"$'\n'"$nothing_box" "$installed" "$installed/Scrivolt.exe" "/?"
 
 # The same run seen from the screen: the help viewer shows a window titled
-# with the help file's title while the run's feedback box is up. The run is
-# ended once both were seen.
-viewer_seen() {
-  local windows
-  (cd "$installed" && exec wine "$installed/Scrivolt.exe" "/?") >/dev/null 2>&1 &
-  local run=$! waited=0
-  while [ $waited -lt 300 ]; do
-    windows=$(xwininfo -root -tree 2>/dev/null)
-    if grep -q '"Scrivolt Help": ("scrivolt.exe"' <<<"$windows" &&
-      grep -q '"Scrivolt - Error processing": ("scrivolt.exe"' <<<"$windows"; then
-      kill "$run" 2>/dev/null
-      wait "$run" 2>/dev/null
-      return 0
-    fi
-    sleep 0.2
-    waited=$((waited + 1))
-  done
-  kill "$run" 2>/dev/null
-  wait "$run" 2>/dev/null
-  return 1
-}
-if viewer_seen; then
+# with the help file's title while the run's feedback box is up.
+cat >"$scratch/viewer.script" <<'SCRIPT'
+box OK
+window Scrivolt Help
+window Scrivolt - Error processing
+end
+SCRIPT
+viewer_seen=$(cd "$installed" && timeout 120 wine "$build/tests/win_driver.exe" --timeout 60 \
+  "$(winepath -w "$scratch/viewer.script" 2>/dev/null)" "$installed/Scrivolt.exe" "/?" 2>/dev/null | tr -d '\r')
+if [ "$viewer_seen" = "$(printf '%s\n' 'box "Scrivolt - Beta version"' "$beta_text" 'window "Scrivolt Help"' 'window "Scrivolt - Error processing"')" ]; then
   passed=$((passed + 1))
 else
-  fail help-viewer "no help viewer window \"Scrivolt Help\" appeared for /?"
+  fail help-viewer "no help viewer window \"Scrivolt Help\" appeared for /?: $viewer_seen"
 fi
 
 rm -r "$installed/Help"
 run_case help-file-missing 0 \
-  $'Scrivolt - Error opening help page\nThe help page cannot be located.  Please re-install Scrivolt to fix this problem.\n'"$nothing_box" \
+  "$beta_box"$'\nScrivolt - Error opening help page\nThe help page cannot be located.  Please re-install Scrivolt to fix this problem.\n'"$nothing_box" \
   "$installed" "$installed/Scrivolt.exe" "/?"
 
 # Every help topic the program can ask for is a page of the help file.
