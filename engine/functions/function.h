@@ -1,12 +1,14 @@
 // CFunction: the base of every script function, and the services with which
 // a function binds its written arguments and evaluates them.
 //
-// A call is carried out by a short-lived function object: SetUpCall makes it
-// from the Call part (user functions first, then the built-in table), binds
-// each written argument through its argument table (argument_table.h), and
-// Process's evaluation loop
-// runs Execute once and destroys the object. Binding only records which parts
-// were given; Execute evaluates them when and as often as it needs.
+// A call is carried out by a function object: SetUpCall makes it from the
+// Call part (user functions first, then the built-in table) and binds each
+// written argument through its argument table (argument_table.h); Process's
+// evaluation loop runs Execute. Binding only records which parts were given;
+// Execute evaluates them when and as often as it needs. A built-in's bound
+// object is kept with its call site and runs every evaluation of it, nested
+// ones too, so a built-in's Execute reads its members and never changes
+// them; a user-function call makes a new object each time.
 #pragma once
 
 #include <initializer_list>
