@@ -127,7 +127,7 @@ WString EvaluateParts(const CParsePart& part, CProcessContext& context, WString&
       AppendUnescapedText(output, child->Value());
       continue;
     }
-    std::unique_ptr<CFunction> function;
+    std::shared_ptr<CFunction> function;
     errorText = SetUpCall(*child, context, function);
     if (!errorText.empty()) break;
     // The call appends to the output in place; when it fails, the output is

@@ -8,18 +8,18 @@ constexpr WChar kEntrySeparator = u'~';
 constexpr size_t kAbbreviationLength = 2;
 constexpr size_t kNameStart = 3;  // after the abbreviation and its colon
 
-WString UpperCase(WStringView text) {
-  WString upper(text);
-  for (WChar& c : upper) c = UpperAscii(c);
-  return upper;
-}
-
 WStringView NameIn(const LanguageNames& names, WStringView language) {
-  auto found = names.find(UpperCase(language));
+  auto found = names.find(UpperCaseLanguage(language));
   return found == names.end() ? WStringView() : WStringView(found->second);
 }
 
 }  // namespace
+
+WString UpperCaseLanguage(WStringView abbreviation) {
+  WString upper(abbreviation);
+  for (WChar& c : upper) c = UpperAscii(c);
+  return upper;
+}
 
 LanguageNames ParseLanguageNames(WStringView list) {
   LanguageNames names;
@@ -29,7 +29,7 @@ LanguageNames ParseLanguageNames(WStringView list) {
     if (end == WStringView::npos) end = list.size();
     const WStringView entry = list.substr(start, end - start);
     if (entry.size() >= kNameStart) {
-      names.emplace(UpperCase(entry.substr(0, kAbbreviationLength)), WString(entry.substr(kNameStart)));
+      names.emplace(UpperCaseLanguage(entry.substr(0, kAbbreviationLength)), WString(entry.substr(kNameStart)));
     }
     start = end + 1;
   }
@@ -40,7 +40,7 @@ WString LanguageDisplayName(WStringView ownAbbreviation, const LanguageNames& na
                             bool withNative) {
   WString name(NameIn(names, displayLanguage));
   const WStringView ownName = NameIn(names, ownAbbreviation);
-  if (withNative && UpperCase(displayLanguage) != UpperCase(ownAbbreviation) && !ownName.empty()) {
+  if (withNative && UpperCaseLanguage(displayLanguage) != UpperCaseLanguage(ownAbbreviation) && !ownName.empty()) {
     if (name.empty()) {
       name = ownName;
     } else {

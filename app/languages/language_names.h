@@ -12,6 +12,9 @@ namespace NScrivolt {
 // Upper-case two-letter abbreviation -> the name in that language.
 using LanguageNames = std::map<WString, WString>;
 
+// A language abbreviation as the program compares them: upper case.
+WString UpperCaseLanguage(WStringView abbreviation);
+
 // Reads a names list: entries separated by "~", each two characters of
 // abbreviation, a colon and the name. The first entry for an abbreviation
 // wins; entries shorter than three characters are skipped.

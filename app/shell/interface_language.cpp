@@ -32,14 +32,9 @@ WString DiscoveryProblems(const CLanguageDiscovery& discovery) {
   return problems;
 }
 
-WString UpperCase(WString text) {
-  for (WChar& c : text) c = UpperAscii(c);
-  return text;
-}
-
 WString WantedLanguage(const CUserSettings& user, const CInstallSettings& install) {
-  if (!user.GetLanguage().empty()) return UpperCase(user.GetLanguage());
-  if (!install.GetLanguage().empty()) return UpperCase(install.GetLanguage());
+  if (!user.GetLanguage().empty()) return UpperCaseLanguage(user.GetLanguage());
+  if (!install.GetLanguage().empty()) return UpperCaseLanguage(install.GetLanguage());
   return WString(kBuiltInLanguage);
 }
 

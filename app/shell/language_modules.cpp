@@ -10,12 +10,6 @@ namespace NScrivolt {
 
 namespace {
 
-WString UpperCase(WStringView text) {
-  WString upper(text);
-  for (WChar& c : upper) c = UpperAscii(c);
-  return upper;
-}
-
 // A message of `module` alone: a language module's own facts are never
 // taken from another module.
 WString OwnMessage(HMODULE module, MessageId id) {
@@ -54,7 +48,7 @@ CLanguageDiscovery CLanguageModules::Discover(HMODULE executable, const WString&
 bool CLanguageModules::Register(std::unique_ptr<CLanguageModule> module, MessageId abbreviationId,
                                 MessageId namesId) {
   const HMODULE handle = module->module.Get();
-  module->abbreviation = UpperCase(OwnMessage(handle, abbreviationId));
+  module->abbreviation = UpperCaseLanguage(OwnMessage(handle, abbreviationId));
   if (module->abbreviation.empty()) return false;  // the module is freed with its record
   module->names = ParseLanguageNames(OwnMessage(handle, namesId));
   const WString key = module->abbreviation;
@@ -63,7 +57,7 @@ bool CLanguageModules::Register(std::unique_ptr<CLanguageModule> module, Message
 }
 
 const CLanguageModule* CLanguageModules::Find(WStringView abbreviation) const {
-  auto found = modules_.find(UpperCase(abbreviation));
+  auto found = modules_.find(UpperCaseLanguage(abbreviation));
   return found == modules_.end() ? nullptr : found->second.get();
 }
 

@@ -6,18 +6,6 @@
 
 namespace NScrivolt {
 
-namespace {
-
-bool SameLanguage(WStringView a, WStringView b) {
-  if (a.size() != b.size()) return false;
-  for (size_t i = 0; i < a.size(); ++i) {
-    if (UpperAscii(a[i]) != UpperAscii(b[i])) return false;
-  }
-  return true;
-}
-
-}  // namespace
-
 CLanguagePage::CLanguagePage(CUserSettings& user, const CLanguageModules& languages, std::function<void()> onChange)
     : user_(user), languages_(languages), onChange_(std::move(onChange)) {
   Signal<Ui::CDialogCommandEvent>().Connect(*this);
@@ -50,7 +38,7 @@ void CLanguagePage::Apply(HWND owner) {
   if (index < 0 || size_t(index) >= entries_.size()) return;
   const WString old = user_.GetLanguage();
   user_.SetLanguage(entries_[size_t(index)]->abbreviation);
-  if (SameLanguage(old, user_.GetLanguage())) return;
+  if (UpperCaseLanguage(old) == UpperCaseLanguage(user_.GetLanguage())) return;
   MessageBoxW(owner, Platform::AsWin(CText(MsgLanguageChanged).str()),
               Platform::AsWin(CText(MsgLanguageChangedTitle).str()), MB_OK | MB_ICONWARNING);
 }

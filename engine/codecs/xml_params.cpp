@@ -18,8 +18,30 @@ namespace {
 
 // --- decoding ------------------------------------------------------------------
 
-void SetChildValue(CParam& param, WStringView name, WString value) {
-  param.GetChildByName(name, true)->SetValue(std::move(value));
+CParamId NamedId(WStringView name) {
+  CParamId id;
+  id.numbered = false;
+  id.name = WString(name);
+  id.key = ToLowerAscii(name);
+  return id;
+}
+
+// The names of a decoded element's parts, spelled once for all elements.
+const CParamId& NameId() {
+  static const CParamId id = NamedId(u"Name");
+  return id;
+}
+const CParamId& ValueId() {
+  static const CParamId id = NamedId(u"Value");
+  return id;
+}
+const CParamId& AttributesId() {
+  static const CParamId id = NamedId(u"Attibutes");
+  return id;
+}
+const CParamId& SubTagsId() {
+  static const CParamId id = NamedId(u"SubTags");
+  return id;
 }
 
 // Builds the parameters of a document while it is read: each element a node
@@ -44,16 +66,16 @@ class CParamXmlBuilder : public IXmlBuilder {
     }
     if (guessedWrong_) return;
     Node& parent = open_.back();
-    if (parent.subTags == nullptr) parent.subTags = parent.param->GetChildByName(u"SubTags", true);
+    if (parent.subTags == nullptr) parent.subTags = parent.param->AddChild(SubTagsId());
     last_ = StartNode(*parent.subTags->AppendNumbered(), WString(name));
   }
 
   void Attribute(WString name, std::optional<WString> value) override {
     if (guessedWrong_) return;
-    if (last_.attributes == nullptr) last_.attributes = last_.param->GetChildByName(u"Attibutes", true);
+    if (last_.attributes == nullptr) last_.attributes = last_.param->AddChild(AttributesId());
     CParam& entry = *last_.attributes->AppendNumbered();
-    SetChildValue(entry, u"Name", std::move(name));
-    SetChildValue(entry, u"Value", value ? std::move(*value) : WString());
+    entry.AddChild(NameId())->SetValue(std::move(name));
+    entry.AddChild(ValueId())->SetValue(value ? std::move(*value) : WString());
   }
 
   void EnterElement() override { open_.push_back(last_); }
@@ -78,9 +100,11 @@ class CParamXmlBuilder : public IXmlBuilder {
     bool hasText = false;
   };
 
+  // The node's first children: its name, and its value to come. On a new
+  // node (and the target, cleared) no child has those keys yet.
   static Node StartNode(CParam& param, WString name) {
-    SetChildValue(param, u"Name", std::move(name));
-    return Node{&param, param.GetChildByName(u"Value", true)};
+    param.AddChild(NameId())->SetValue(std::move(name));
+    return Node{&param, param.AddChild(ValueId())};
   }
 
   // Whether an item comes to the top level of a document built as a single

@@ -120,22 +120,33 @@ WString EvaluateText(const CFunction& function, const CParsePart* part, WStringV
   return AppendText(function, part, displayName, context, allowFlag, result);
 }
 
-WString EvaluateQualifier(const CFunction& function, const CParsePart* part, WStringView displayName,
-                          CProcessContext& context, bool required, CParamQualifier& qualifier,
-                          WString* evaluatedText) {
-  qualifier.clear();
+WString EvaluateQualifierInPlace(const CFunction& function, const CParsePart* part, WStringView displayName,
+                                 CProcessContext& context, bool required, CParamQualifier& storage,
+                                 const CParamQualifier*& qualifier, WString* evaluatedText) {
+  storage.clear();
+  qualifier = &storage;
   if (part == nullptr && !required) return WString();
   if (part != nullptr && part->Kind() == PartKind::ArgText) {
+    if (evaluatedText != nullptr) evaluatedText->assign(part->Value());
     const CParamQualifier* constant = nullptr;
     WString errorText = ConstantQualifier(*part, displayName, constant);
-    if (constant != nullptr) qualifier = *constant;
-    if (evaluatedText != nullptr) evaluatedText->assign(part->Value());
+    if (constant != nullptr) qualifier = constant;
     return errorText;
   }
   WString text;
   WString errorText = EvaluateText(function, part, displayName, context, false, text);
-  if (errorText.empty()) errorText = ParseQualifier(text, displayName, *part, qualifier);
+  if (errorText.empty()) errorText = ParseQualifier(text, displayName, *part, storage);
   if (evaluatedText != nullptr) *evaluatedText = std::move(text);
+  return errorText;
+}
+
+WString EvaluateQualifier(const CFunction& function, const CParsePart* part, WStringView displayName,
+                          CProcessContext& context, bool required, CParamQualifier& qualifier,
+                          WString* evaluatedText) {
+  const CParamQualifier* evaluated = nullptr;
+  WString errorText =
+      EvaluateQualifierInPlace(function, part, displayName, context, required, qualifier, evaluated, evaluatedText);
+  if (evaluated != &qualifier) qualifier = *evaluated;
   return errorText;
 }
 

@@ -1,12 +1,14 @@
 // CFunction: the base of every script function, and the services with which
 // a function binds its written arguments and evaluates them.
 //
-// A call is carried out by a short-lived function object: SetUpCall makes it
-// from the Call part (user functions first, then the built-in table), binds
-// each written argument through its argument table (argument_table.h), and
-// Process's evaluation loop
-// runs Execute once and destroys the object. Binding only records which parts
-// were given; Execute evaluates them when and as often as it needs.
+// A call is carried out by a function object: SetUpCall makes it from the
+// Call part (user functions first, then the built-in table) and binds each
+// written argument through its argument table (argument_table.h); Process's
+// evaluation loop runs Execute. Binding only records which parts were given;
+// Execute evaluates them when and as often as it needs. A built-in's bound
+// object is kept with its call site and runs every evaluation of it, nested
+// ones too, so a built-in's Execute reads its members and never changes
+// them; a user-function call makes a new object each time.
 #pragma once
 
 #include <initializer_list>
@@ -54,13 +56,13 @@ class CFunction {
 void AppendResult(WString& output, WString&& result);
 
 // Checks a function name given as text: one or more name characters. Error
-// 40111 located at `at` otherwise; `lowerName` receives the lower-cased name.
+// MsgInvalidFunctionName located at `at` otherwise; `lowerName` receives the lower-cased name.
 WString CheckFunctionName(WStringView name, const CParsePart& at, WString& lowerName);
 
-// Evaluates an argument to text. `part` null: error 40098 at the call, naming
-// `displayName`. A flag without value: empty text when `allowFlag`, else 40099.
+// Evaluates an argument to text. `part` null: error MsgArgumentMissing at the call, naming
+// `displayName`. A flag without value: empty text when `allowFlag`, else MsgArgumentMissingValue.
 // A quoted text: its value. A reference: the value of the parameter it names
-// (40116 when it does not exist). A content: its evaluation.
+// (MsgParamNotSet when it does not exist). A content: its evaluation.
 WString EvaluateText(const CFunction& function, const CParsePart* part, WStringView displayName,
                      CProcessContext& context, bool allowFlag, WString& result);
 
@@ -76,6 +78,13 @@ WString EvaluateQualifier(const CFunction& function, const CParsePart* part, WSt
                           CProcessContext& context, bool required, CParamQualifier& qualifier,
                           WString* evaluatedText = nullptr);
 
+// As EvaluateQualifier, without the copy: `qualifier` points to the parsed
+// reference, kept in the part for a constant text and in `storage` for any
+// other. Valid while the part and `storage` are.
+WString EvaluateQualifierInPlace(const CFunction& function, const CParsePart* part, WStringView displayName,
+                                 CProcessContext& context, bool required, CParamQualifier& storage,
+                                 const CParamQualifier*& qualifier, WString* evaluatedText = nullptr);
+
 // Evaluates an argument into `target` (cleared first): a reference makes the
 // target a deep copy of the parameter it names, value and sub-parameters;
 // any other value sets the target's value.
@@ -90,13 +99,13 @@ WString EvaluateParamInPlace(const CFunction& function, const CParsePart* part, 
 
 // Evaluates an option argument and compares the text, ignoring case, with
 // `keywords` in order; `choice` receives the index of the first match. No
-// match: error 40124 at the argument, with the evaluated text and the
+// match: error MsgUnknownOption at the argument, with the evaluated text and the
 // argument's written name.
 WString EvaluateOption(const CFunction& function, const CParsePart& part, WStringView displayName,
                        CProcessContext& context, std::initializer_list<WStringView> keywords,
                        int& choice);
 
-// Parses a parameter reference; errors 40112 and 40113 are located at `at`.
+// Parses a parameter reference; errors MsgInvalidParamName and MsgInvalidParamIndex are located at `at`.
 WString ParseQualifier(WStringView text, WStringView argName, const CParsePart& at,
                        CParamQualifier& qualifier);
 

@@ -23,19 +23,19 @@ FunctionMaker FindBuiltInFunction(WStringView lowerName) {
 
 namespace {
 
-// What a call site resolved on its last successful set-up: its function's
-// lower-cased name and, for a built-in, its maker; the lower-cased names of
-// its written arguments and, for a built-in, the row each binds to. The
-// resolution holds while the user functions are the same version; the
-// binding follows from the function and the written arguments alone. A user
-// function's definition is not held here: its body may hold this very call.
+// What a call site resolved on its last successful set-up, kept while the
+// user functions are the version it was made with. A built-in is kept bound:
+// its Execute reads its argument slots and changes nothing in the object, so
+// the one object serves every evaluation of the site, nested ones included.
+// A user-function call keeps state of its own while it runs, so each
+// evaluation makes a new object, from the names kept here; the definition
+// itself is not held, since its body may contain this very call.
 class CCallSetUp : public CPartCache {
  public:
   std::uint64_t userFunctionsVersion = 0;
+  std::shared_ptr<CFunction> builtIn;  // bound; null for a user function
   WString lowerName;
-  FunctionMaker make = nullptr;  // null for a user function
-  std::vector<WString> lowerNames;
-  std::vector<const CArgumentRow*> rows;  // built-ins only
+  std::vector<WString> lowerNames;  // of the written arguments
 };
 
 // Finds the function of a valid lower-cased name: the newest user function
@@ -49,11 +49,6 @@ bool Resolve(const WString& lowerName, const CProcessContext& context, FunctionM
   return make != nullptr;
 }
 
-std::unique_ptr<CFunction> MakeFunction(FunctionMaker make, const CUserFunctionRef& definition) {
-  if (make != nullptr) return make();
-  return std::make_unique<CFunctionUserFunction>(definition);
-}
-
 // Reports a refused argument; empty text when `code` accepts it.
 WString ArgumentError(int code, const CParsePart& argument) {
   WString errorText;
@@ -64,23 +59,24 @@ WString ArgumentError(int code, const CParsePart& argument) {
 
 // The set-up of a call site seen for the first time, or whose function may
 // have changed: resolves, binds by name and, when all went well, leaves what
-// it found in the part's cache for the next evaluations.
-WString SetUpAnew(const CParsePart& call, const CProcessContext& context, std::unique_ptr<CFunction>& function) {
+// it found in the part's cache for the next evaluations. An object that an
+// evaluation further up is still running stays alive through its own share.
+WString SetUpAnew(const CParsePart& call, const CProcessContext& context, std::shared_ptr<CFunction>& function) {
   auto setUp = std::make_unique<CCallSetUp>();
   WString errorText = CheckFunctionName(call.Name(), call, setUp->lowerName);
   if (!errorText.empty()) return errorText;
+  FunctionMaker make = nullptr;
   CUserFunctionRef definition;
-  if (!Resolve(setUp->lowerName, context, setUp->make, definition)) {
+  if (!Resolve(setUp->lowerName, context, make, definition)) {
     AddErrorAt(errorText, MsgUnknownFunction, call, {{u"[FUNC]", call.Name()}});
     return errorText;
   }
-  function = MakeFunction(setUp->make, definition);
+  function = make != nullptr ? std::shared_ptr<CFunction>(make()) : std::make_shared<CFunctionUserFunction>(definition);
   function->SetCallPart(call);
   for (const CParsePartRef& argument : call.Children()) {
     WString lowerArgument = ToLowerAscii(argument->Name());
     errorText = ArgumentError(function->AcceptArgument(lowerArgument, argument), *argument);
     if (!errorText.empty()) break;
-    if (setUp->make != nullptr) setUp->rows.push_back(function->Arguments().Find(lowerArgument));
     setUp->lowerNames.push_back(std::move(lowerArgument));
   }
   if (!errorText.empty()) {
@@ -88,35 +84,30 @@ WString SetUpAnew(const CParsePart& call, const CProcessContext& context, std::u
     function.reset();
     return errorText;
   }
+  if (make != nullptr) setUp->builtIn = function;
   setUp->userFunctionsVersion = context.userFunctions.Version();
   call.SetCache(std::move(setUp));
   return errorText;
 }
 
-// The set-up of a call site whose last set-up still holds: the same function,
-// bound the same way without looking names up. A user function binds by the
-// names again, as its arguments are known only to the definition.
-void SetUpAgain(const CParsePart& call, const CProcessContext& context, const CCallSetUp& setUp,
-                std::unique_ptr<CFunction>& function) {
-  function = setUp.make != nullptr ? setUp.make() : MakeFunction(nullptr, context.userFunctions.FindDefinition(setUp.lowerName));
+// A user-function call at a site whose set-up still holds: the same
+// definition, bound by the names kept, which it accepted before.
+std::shared_ptr<CFunction> CallUserFunctionAgain(const CParsePart& call, const CProcessContext& context,
+                                                 const CCallSetUp& setUp) {
+  auto function = std::make_shared<CFunctionUserFunction>(context.userFunctions.FindDefinition(setUp.lowerName));
   function->SetCallPart(call);
   const std::vector<CParsePartRef>& arguments = call.Children();
-  for (std::size_t i = 0; i < arguments.size(); ++i) {
-    if (setUp.make != nullptr) {
-      setUp.rows[i]->Bind(*function, arguments[i]);
-    } else {
-      function->AcceptArgument(setUp.lowerNames[i], arguments[i]);
-    }
-  }
+  for (std::size_t i = 0; i < arguments.size(); ++i) function->AcceptArgument(setUp.lowerNames[i], arguments[i]);
+  return function;
 }
 
 }  // namespace
 
-WString SetUpCall(const CParsePart& call, const CProcessContext& context, std::unique_ptr<CFunction>& function) {
+WString SetUpCall(const CParsePart& call, const CProcessContext& context, std::shared_ptr<CFunction>& function) {
   function.reset();
   const auto* cached = static_cast<const CCallSetUp*>(call.Cache());
   if (cached != nullptr && cached->userFunctionsVersion == context.userFunctions.Version()) {
-    SetUpAgain(call, context, *cached, function);
+    function = cached->builtIn != nullptr ? cached->builtIn : CallUserFunctionAgain(call, context, *cached);
     return WString();
   }
   return SetUpAnew(call, context, function);

@@ -75,11 +75,12 @@ const CArgumentTable& CFunctionUse::Arguments() const {
 }
 
 WString CFunctionUse::Execute(CProcessContext& context, WString& output) {
-  CParamQualifier qualifier;
+  CParamQualifier storage;
+  const CParamQualifier* qualifier = nullptr;
   WString text;
-  WString errorText = EvaluateTarget(*this, param_, context, qualifier, &text);
+  WString errorText = EvaluateQualifierInPlace(*this, param_, u"Param", context, true, storage, qualifier, &text);
   if (!errorText.empty()) return errorText;
-  if (const CParam* found = FindExisting(context, qualifier)) {
+  if (const CParam* found = FindExisting(context, *qualifier)) {
     output += found->GetValue();
   } else if (skipIfMissing_ == nullptr) {
     errorText = ParamNotSetError(*param_, text);

@@ -9,32 +9,43 @@ namespace NScrivolt {
 
 CParam::CParam(const CParam& other)
     : value_(other.value_),
-      id_(other.IdAsKept()),
+      id_(other.automaticNumber_ == 0 && other.id_ != nullptr ? std::make_unique<CParamId>(*other.id_) : nullptr),
       automaticNumber_(other.automaticNumber_),
+      index_(other.IndexAsKept()),
+      numbered_(other.numbered_),
       valueKind_(other.valueKind_),
       children_(other.children_) {
   if (children_ != nullptr) children_->AddRef();
+}
+
+// Only a node given a name keeps its id: a numbered one is named later.
+CParam::CParam(CParamId&& id) : index_(id.index), numbered_(id.numbered) {
+  if (!id.numbered) id_ = std::make_unique<CParamId>(std::move(id));
 }
 
 CParam::~CParam() { CParamChildList::Release(children_, this); }
 
 void CParam::SetValueNumber(std::int32_t value) { SetValue(IntegerToText(value)); }
 
-const CParamId& CParam::IdAsKept() const {
+std::int32_t CParam::IndexAsKept() const {
   if (container_ != nullptr && container_->IndexPending(*this)) container_->Normalize();
-  return id_;
+  return index_;
 }
 
 const CParamId& CParam::GetId() const {
-  if (automaticNumber_ != 0 && id_.key.empty()) {
-    id_.name = AutomaticName(automaticNumber_);
-    id_.key = AutomaticKey(automaticNumber_);
+  const std::int32_t index = IndexAsKept();
+  if (id_ == nullptr) id_ = std::make_unique<CParamId>();
+  if (automaticNumber_ != 0 && id_->key.empty()) {
+    id_->name = AutomaticName(automaticNumber_);
+    id_->key = AutomaticKey(automaticNumber_);
   }
-  return IdAsKept();
+  id_->index = index;
+  id_->numbered = numbered_;
+  return *id_;
 }
 
 WStringView CParam::KeyIn(AutomaticKeyBuffer& buffer) const {
-  return automaticNumber_ != 0 ? AutomaticKeyIn(automaticNumber_, buffer) : WStringView(id_.key);
+  return automaticNumber_ != 0 ? AutomaticKeyIn(automaticNumber_, buffer) : GivenKey();
 }
 
 std::size_t CParam::Count() const { return children_ != nullptr ? children_->Count() : 0; }
@@ -80,8 +91,7 @@ CParamChildList* CParam::TakeChildren() {
 // No other automatic name can have the new number, but a sibling given a
 // name of that form can.
 void CParam::NameAutomatically(CParamChildList& siblings) {
-  id_.name = WString();
-  id_.key = WString();
+  id_.reset();
   do {
     automaticNumber_ = NextAutomaticNumber();
   } while (siblings.HasNamedChildWithAutomaticKey(automaticNumber_));
@@ -257,7 +267,7 @@ void CParam::SeparatePathTo(const CParam& descendant, const CParam& source) {
   }
   CParam* copy = this;
   for (auto step = path.rbegin(); step != path.rend(); ++step) {
-    copy = copy->OwnChildren()->At(std::size_t((*step)->IdAsKept().index));
+    copy = copy->OwnChildren()->At(std::size_t((*step)->IndexAsKept()));
   }
 }
 

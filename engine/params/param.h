@@ -52,6 +52,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -83,7 +84,7 @@ class CParam {
   CParam(const CParam& other);
   // Copy into an existing node with CopyFrom, which keeps the node's own id.
   CParam& operator=(const CParam&) = delete;
-  virtual ~CParam();
+  ~CParam();
 
   const WString& GetValue() const { return value_; }
   void SetValue(WString value) {
@@ -157,7 +158,7 @@ class CParam {
   friend class CParamChildList;
   friend class CParamKeyIndex;
 
-  explicit CParam(CParamId&& id) : id_(std::move(id)) {}
+  explicit CParam(CParamId&& id);
 
   // This node's list, made its own first (cloned if shared); null when the
   // node has never had children.
@@ -168,11 +169,13 @@ class CParam {
   void ReplaceChildren(CParamChildList* list);
   CParamChildList* TakeChildren();
   const CParam* FindKey(WStringView key) const;
-  // The id with its position up to date, without writing out an automatic name.
-  const CParamId& IdAsKept() const;
+  // The position among the siblings, up to date.
+  std::int32_t IndexAsKept() const;
+  // The key of a node given a name; empty for an automatic name.
+  WStringView GivenKey() const { return id_ != nullptr ? WStringView(id_->key) : WStringView(); }
   // In line: lookups in short lists call it for every child.
   bool HasKey(const CKeyLookup& lookup) const {
-    return automaticNumber_ != 0 ? automaticNumber_ == lookup.automaticNumber : id_.key == lookup.key;
+    return automaticNumber_ != 0 ? automaticNumber_ == lookup.automaticNumber : GivenKey() == lookup.key;
   }
   // The key, written into `buffer` when it is an automatic one.
   WStringView KeyIn(AutomaticKeyBuffer& buffer) const;
@@ -186,9 +189,13 @@ class CParam {
   void SeparatePathTo(const CParam& descendant, const CParam& source);
 
   WString value_;
-  // Name and key stay empty for an automatic name until GetId writes them out.
-  mutable CParamId id_;
+  // Name and key of a node given a name. Null for an automatic name until
+  // GetId writes it out, which also brings the copies of index_ and
+  // numbered_ in it up to date.
+  mutable std::unique_ptr<CParamId> id_;
   std::uint64_t automaticNumber_ = 0;  // of an automatic name; 0 for a name given
+  std::int32_t index_ = 0;             // position among the siblings (see CParamChildList)
+  bool numbered_ = true;               // made by number
   ValueKind valueKind_ = ValueKind::Text;
   CParamChildList* children_ = nullptr;   // shared; null without children
   CParamChildList* container_ = nullptr;  // the list holding this node; null for a root

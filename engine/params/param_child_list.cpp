@@ -37,7 +37,7 @@ bool CParamChildList::HasNamedChildWithAutomaticKey(std::uint64_t number) {
 }
 
 bool CParamChildList::IsNamedWithAutomaticKey(const CParam& node) {
-  return node.automaticNumber_ == 0 && AutomaticNumberIn(node.id_.key) != 0;
+  return node.automaticNumber_ == 0 && AutomaticNumberIn(node.GivenKey()) != 0;
 }
 
 CParam* CParamChildList::At(std::size_t position) {
@@ -47,7 +47,7 @@ CParam* CParamChildList::At(std::size_t position) {
 
 void CParamChildList::Take(CParam* node, std::size_t slot) {
   node->container_ = this;
-  node->id_.index = std::int32_t(slot);
+  node->index_ = std::int32_t(slot);
   ++live_;
   if (IsNamedWithAutomaticKey(*node)) ++namedWithAutomaticKeys_;
   if (index_) index_->Insert(node);
@@ -69,7 +69,7 @@ void CParamChildList::InsertAt(std::size_t position, CParam* node) {
 }
 
 void CParamChildList::Remove(CParam* node) {
-  const std::size_t slot = std::size_t(node->id_.index);
+  const std::size_t slot = std::size_t(node->index_);
   slots_[slot] = nullptr;
   --live_;
   if (IsNamedWithAutomaticKey(*node)) --namedWithAutomaticKeys_;
@@ -80,7 +80,7 @@ void CParamChildList::Remove(CParam* node) {
 }
 
 void CParamChildList::Renumber(std::size_t from) {
-  for (std::size_t i = from; i < slots_.size(); ++i) slots_[i]->id_.index = std::int32_t(i);
+  for (std::size_t i = from; i < slots_.size(); ++i) slots_[i]->index_ = std::int32_t(i);
 }
 
 void CParamChildList::Normalize() {
@@ -92,7 +92,7 @@ void CParamChildList::Normalize() {
 }
 
 bool CParamChildList::IndexPending(const CParam& node) const {
-  return firstGap_ != kClean && std::size_t(node.id_.index) >= firstGap_;
+  return firstGap_ != kClean && std::size_t(node.index_) >= firstGap_;
 }
 
 std::vector<CParam*> CParamChildList::Ordered(ParamOrder order, bool descending) {

@@ -40,6 +40,13 @@ const TemplateCase kReuseCases[] = {
      u"<# for value: \"i\" from: \"1\" to: \"2\" do: (#>[<# f a: i #>]<# deletefunction name: \"f\" #>"
      u"<# makefunction name: \"f\" arg: \"b\" content: \"b\" #><#) #>",
      "", "- Unknown argument \"a\" found" AT(1, 113) SETUP_FAILED("f", 1, 111) CALL_FAILED("for", 1, 67)},
+    // The inner evaluation of the "for" finds the user functions changed and
+    // sets the call up anew while the outer one is still running it.
+    {"a loop re-entered through recursion after the functions changed",
+     u"<# makefunction name: \"walk\" arg: \"n\" content: (for value: \"i\" from: \"1\" to: \"2\" do: (#>"
+     u"[<# use param: \"n\" #><# makefunction name: \"g\" content: \"\" #>"
+     u"<# if what: n is: \"a\" then: (walk n: \"b\") #>]<#)) #><# walk n: \"a\" #>",
+     "[a[b][b]][a[b][b]]", ""},
     {"a computed reference changes between rounds",
      u"<# set param: \"X.a\" to: \"1\"; set param: \"X.b\" to: \"2\"; setsubparams param: \"L\" to: \"a\" to: \"b\" #>"
      u"<# foreach in: \"L\" value: \"V\" do: (use param: (#>X.<# use param: \"V\" #><#)) #>",

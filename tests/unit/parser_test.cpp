@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "engine/syntax/parse_tree_text.h"
 #include "engine/syntax/parser.h"
 #include "text/base/utf8.h"
 #include "text/base/wide_string.h"
@@ -10,30 +11,6 @@ namespace NScrivolt {
 namespace {
 
 const WString kContext = u"file \"t.txt\"";
-
-// A compact picture of a tree: Text as T"...", a call as name(arguments),
-// a flag as its name, quoted text as name="value", a reference as name=ref,
-// content as name:[parts]; siblings are separated by ", " and arguments by " ".
-std::string Dump(const CParsePart& part) {
-  const std::string name = WideToUtf8(part.Name());
-  const std::string value = WideToUtf8(part.Value());
-  std::string list;
-  const char* separator = part.Kind() == PartKind::Call ? " " : ", ";
-  for (const CParsePartRef& child : part.Children()) {
-    if (!list.empty()) list += separator;
-    list += Dump(*child);
-  }
-  switch (part.Kind()) {
-    case PartKind::Template: return list;
-    case PartKind::Text: return "T\"" + value + "\"";
-    case PartKind::Call: return name + "(" + list + ")";
-    case PartKind::ArgFlag: return name;
-    case PartKind::ArgText: return name + "=\"" + value + "\"";
-    case PartKind::ArgReference: return name + "=" + value;
-    case PartKind::ArgContent: return name + ":[" + list + "]";
-  }
-  return "?";
-}
 
 struct ShapeCase {
   const char* source;
@@ -84,7 +61,7 @@ TEST(Parser, BuildsTheTreesOfWellFormedTemplates) {
   for (const ShapeCase& c : cases) {
     CParser parser;
     EXPECT_EQ(WideToUtf8(parser.Parse(Utf8ToWide(c.source), kContext)), "") << c.source;
-    EXPECT_EQ(Dump(*parser.GetRoot()), c.tree) << c.source;
+    EXPECT_EQ(ParseTreeText(*parser.GetRoot()), c.tree) << c.source;
   }
 }
 
@@ -107,9 +84,9 @@ TEST(Parser, LocatesPartsAtTheirFirstCharacter) {
   };
   for (const Expected& e : expected) {
     const ParseLocation location = e.part->Location();
-    EXPECT_EQ(location.position, e.position) << Dump(*e.part);
-    EXPECT_EQ(location.line, e.line) << Dump(*e.part);
-    EXPECT_EQ(location.column, e.column) << Dump(*e.part);
+    EXPECT_EQ(location.position, e.position) << ParseTreeText(*e.part);
+    EXPECT_EQ(location.line, e.line) << ParseTreeText(*e.part);
+    EXPECT_EQ(location.column, e.column) << ParseTreeText(*e.part);
     EXPECT_EQ(location.context, kContext);
   }
 }
@@ -184,7 +161,7 @@ TEST(Parser, HandsOutItsTextAndEndsTheParse) {
   CParser parser;
   ASSERT_EQ(parser.Parse(u"a text long enough to live on the heap", kContext), u"");
   EXPECT_EQ(parser.TakeText(), u"a text long enough to live on the heap");
-  EXPECT_EQ(Dump(*parser.GetRoot()), "");
+  EXPECT_EQ(ParseTreeText(*parser.GetRoot()), "");
   EXPECT_FALSE(parser.IsVerbatim());
 }
 

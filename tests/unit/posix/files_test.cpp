@@ -118,7 +118,9 @@ TEST_F(PosixFiles, DevicesAreWrittenAndStayDevices) {
   for (const WString& device : {null, full}) {
     EXPECT_TRUE(S_ISCHR(StatOf(std::filesystem::path(device)).st_mode));
   }
-  if (RunsAsRoot()) EXPECT_EQ(folder_.Names(), (std::set<std::string>{"full", "null"}));
+  if (RunsAsRoot()) {
+    EXPECT_EQ(folder_.Names(), (std::set<std::string>{"full", "null"}));
+  }
 }
 
 TEST_F(PosixFiles, PipeIsWrittenAndStaysAPipe) {
