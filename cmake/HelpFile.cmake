@@ -1,21 +1,29 @@
-# The compiled-HTML help file, built from the pages in help/ with chmcmd
-# (Debian fp-utils) and put in Help/ beside the executable, where the program
-# looks for it. The pages are compiled in a copy, so the source tree stays
-# clean.
-function(scrivolt_help_file)
+# The compiled-HTML help files, built with chmcmd (Debian fp-utils) from the
+# pages of one language and put in Help/ beside the executable, where the
+# program looks for them. The English pages are in help/, each translation's
+# in help/<code>/ with the same file names (the help topic messages name
+# them); all share help/style.css. The pages are compiled in a copy, so the
+# source tree stays clean.
+#
+#   scrivolt_help_file(EN help)        -> Help/Scrivolt_EN.chm
+#   scrivolt_help_file(NL help/nl)     -> Help/Scrivolt_NL.chm
+function(scrivolt_help_file language folder)
   find_program(CHMCMD chmcmd REQUIRED)
-  file(GLOB pages CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/help/*)
-  set(work ${CMAKE_BINARY_DIR}/help-pages)
-  set(output ${CMAKE_BINARY_DIR}/Help/Scrivolt_EN.chm)
+  set(name Scrivolt_${language})
+  file(GLOB pages CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${folder}/*.html ${CMAKE_SOURCE_DIR}/${folder}/${name}.hh?)
+  set(style ${CMAKE_SOURCE_DIR}/help/style.css)
+  set(work ${CMAKE_BINARY_DIR}/help-pages/${language})
+  set(output ${CMAKE_BINARY_DIR}/Help/${name}.chm)
   add_custom_command(
     OUTPUT ${output}
     COMMAND ${CMAKE_COMMAND} -E rm -rf ${work}
-    COMMAND ${CMAKE_COMMAND} -E copy_directory ${CMAKE_SOURCE_DIR}/help ${work}
-    COMMAND ${CMAKE_COMMAND} -E chdir ${work} ${CHMCMD} Scrivolt_EN.hhp
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${work}
+    COMMAND ${CMAKE_COMMAND} -E copy ${pages} ${style} ${work}
+    COMMAND ${CMAKE_COMMAND} -E chdir ${work} ${CHMCMD} ${name}.hhp
     COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/Help
-    COMMAND ${CMAKE_COMMAND} -E copy ${work}/Scrivolt_EN.chm ${output}
-    DEPENDS ${pages}
-    COMMENT "Compiling the help file Help/Scrivolt_EN.chm"
+    COMMAND ${CMAKE_COMMAND} -E copy ${work}/${name}.chm ${output}
+    DEPENDS ${pages} ${style}
+    COMMENT "Compiling the help file Help/${name}.chm"
     VERBATIM)
-  add_custom_target(help_file ALL DEPENDS ${output})
+  add_custom_target(help_file_${language} ALL DEPENDS ${output})
 endfunction()

@@ -62,7 +62,7 @@ class CProcessContext {
 // once. For a program's last step after its last processing.
 void KeepTreesUntilProcessEnds(const CProcessContext& context);
 
-// Enters one more level of nested evaluation; error 40106 located at `at`
+// Enters one more level of nested evaluation; error MsgTooManyNestedCalls located at `at`
 // when the depth is already above the limit.
 WString EnterNesting(CProcessContext& context, const CParsePart& at);
 void LeaveNesting(CProcessContext& context);

@@ -23,7 +23,7 @@ class CFunctionCompare : public CFunction {
 
  protected:
   // Evaluates the arguments afresh and tells whether the condition holds.
-  // Error 40103 at the call when neither a comparison nor "paramset" /
+  // Error MsgComparisonMissing at the call when neither a comparison nor "paramset" /
   // "paramnotset" was written.
   WString EvaluateCondition(CProcessContext& context, bool& holds) const;
 

@@ -22,12 +22,12 @@ class CFunctionExternalFile : public CFunction {
  protected:
   // Absent or "auto": type Ascii, isExplicit false. A type keyword ("ascii",
   // "utf8", "utf16", "utf16le", "utf16be", ignoring case): that type, isExplicit
-  // true. Anything else: error 40124 at the argument, before any file is touched.
+  // true. Anything else: error MsgUnknownOption at the argument, before any file is touched.
   WString EvaluateFileEncoding(CProcessContext& context, EncodingType& type, bool& isExplicit) const;
 
   // Evaluates `file` (display name "File") and "fileencoding" into a source
-  // that reads that file; `skipIfMissing` makes a missing file empty text.
-  WString MakeFileSource(CProcessContext& context, const CParsePart* file, bool skipIfMissing,
+  // that reads that file; MissingFile::EmptyText makes a missing file empty text.
+  WString MakeFileSource(CProcessContext& context, const CParsePart* file, MissingFile missingFile,
                          std::unique_ptr<CContentSource>& source) const;
 
  private:

@@ -56,13 +56,13 @@ class CFunction {
 void AppendResult(WString& output, WString&& result);
 
 // Checks a function name given as text: one or more name characters. Error
-// 40111 located at `at` otherwise; `lowerName` receives the lower-cased name.
+// MsgInvalidFunctionName located at `at` otherwise; `lowerName` receives the lower-cased name.
 WString CheckFunctionName(WStringView name, const CParsePart& at, WString& lowerName);
 
-// Evaluates an argument to text. `part` null: error 40098 at the call, naming
-// `displayName`. A flag without value: empty text when `allowFlag`, else 40099.
+// Evaluates an argument to text. `part` null: error MsgArgumentMissing at the call, naming
+// `displayName`. A flag without value: empty text when `allowFlag`, else MsgArgumentMissingValue.
 // A quoted text: its value. A reference: the value of the parameter it names
-// (40116 when it does not exist). A content: its evaluation.
+// (MsgParamNotSet when it does not exist). A content: its evaluation.
 WString EvaluateText(const CFunction& function, const CParsePart* part, WStringView displayName,
                      CProcessContext& context, bool allowFlag, WString& result);
 
@@ -99,13 +99,13 @@ WString EvaluateParamInPlace(const CFunction& function, const CParsePart* part, 
 
 // Evaluates an option argument and compares the text, ignoring case, with
 // `keywords` in order; `choice` receives the index of the first match. No
-// match: error 40124 at the argument, with the evaluated text and the
+// match: error MsgUnknownOption at the argument, with the evaluated text and the
 // argument's written name.
 WString EvaluateOption(const CFunction& function, const CParsePart& part, WStringView displayName,
                        CProcessContext& context, std::initializer_list<WStringView> keywords,
                        int& choice);
 
-// Parses a parameter reference; errors 40112 and 40113 are located at `at`.
+// Parses a parameter reference; errors MsgInvalidParamName and MsgInvalidParamIndex are located at `at`.
 WString ParseQualifier(WStringView text, WStringView argName, const CParsePart& at,
                        CParamQualifier& qualifier);
 

@@ -30,8 +30,8 @@ CBuiltInFamily TextFunctions();           // engine/functions/text_functions.cpp
 CBuiltInFamily CodecFunctions();          // engine/functions/codec_functions.cpp
 CBuiltInFamily ExternalFileFunctions();   // engine/functions/external_file_functions.cpp
 
-// The bound function object of a Call part. On error (40123, 40101, each
-// followed by 40120; or a creation error) no object is returned. A
+// The bound function object of a Call part. On error (MsgUnknownArgument, MsgArgumentOnlyOnce, each
+// followed by MsgErrorSettingUpFunction; or a creation error) no object is returned. A
 // successful set-up is kept in the part while the user functions stay as
 // they were: a call in a loop resolves its function and binds its arguments
 // once, and a built-in's bound object is handed out again on every later

@@ -14,7 +14,7 @@ class CFunctionSortOrder : public CFunction {
 
  protected:
   // Evaluates "orderby" into an order and a direction; leaves the caller's
-  // defaults untouched when the argument is absent. Error 40124 for a word
+  // defaults untouched when the argument is absent. Error MsgUnknownOption for a word
   // other than "nameasc", "numberasc", "valueasc", "namedesc", "numberdesc",
   // "valuedesc" (compared ignoring case).
   WString EvaluateOrder(CProcessContext& context, ParamOrder& order, bool& descending) const;

@@ -22,6 +22,8 @@ wine "$build/dist/Scrivolt-11.3.3-setup.exe" /S >/dev/null 2>&1
 timeout 60 wineserver -w
 check "the program is installed" test -f "$home/Scrivolt.exe"
 check "the help file is installed" test -f "$home/Help/Scrivolt_EN.chm"
+check "the Dutch language module and its help file are installed" \
+  test -f "$home/Scrivolt_NL.dll" -a -f "$home/Help/Scrivolt_NL.chm"
 check "the licence and README are installed" test -f "$home/LICENSE" -a -f "$home/README.md"
 check "the uninstaller is installed" test -f "$home/Uninstall.exe"
 check "Start-menu shortcuts to the program and its help" \

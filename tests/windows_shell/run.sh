@@ -122,23 +122,52 @@ run_case help-file-missing 0 \
   "$beta_box"$'\nScrivolt - Error opening help page\nThe help page cannot be located.  Please re-install Scrivolt to fix this problem.\n'"$nothing_box" \
   "$installed" "$installed/Scrivolt.exe" "/?"
 
-# Every help topic the program can ask for is a page of the help file.
-while IFS= read -r page; do
-  if grep -qa "/$page" "$build/Help/Scrivolt_EN.chm"; then
-    passed=$((passed + 1))
-  else
-    fail help-topics "the help file has no page $page"
-  fi
-done < <(sed -n 's/^MESSAGE([0-9]*, HelpTopic[A-Za-z]*, u"\([^"]*\)").*/\1/p' "$root/text/message_list.h")
+# Each help file: every help topic its message list can ask for is a page of
+# it, every page its project names exists, and every link between its pages
+# leads to a page it holds. English: help/ and text/message_list.h; each
+# translation: help/<code>/ and languages/<code>/message_list.h.
+check_help_file() {  # NAME PAGES_FOLDER MESSAGE_LIST
+  local name=$1 pages=$2 list=$3 page target
+  while IFS= read -r page; do
+    if grep -qa "/$page" "$build/Help/$name.chm"; then
+      passed=$((passed + 1))
+    else
+      fail help-topics "$name.chm has no page $page"
+    fi
+  done < <(sed -n 's/^MESSAGE([0-9]*, HelpTopic[A-Za-z]*, u"\([^"]*\)").*/\1/p' "$list")
+  while IFS= read -r page; do
+    # style.css is shared by every language and lives in help/ alone.
+    if [ -f "$pages/$page" ] || [ "$page" = style.css ]; then
+      passed=$((passed + 1))
+    else
+      fail help-pages "$name.hhp names $page, which is not in $pages"
+    fi
+    # A translated page is not the English one copied.
+    if [ "$pages" != "$root/help" ] && [ "$page" != style.css ] && cmp -s "$pages/$page" "$root/help/$page"; then
+      fail help-pages "$pages/$page is the English page"
+    fi
+  done < <(sed -n '/^\[FILES\]/,/^\[/{/^\[/d;/^$/d;p}' "$pages/$name.hhp" | tr -d '\r')
+  while IFS= read -r target; do
+    if grep -qx "$target" "$pages/$name.hhp"; then
+      passed=$((passed + 1))
+    else
+      fail help-links "a page of $name links to $target, which the help file does not hold"
+    fi
+  done < <(grep -oh 'href="[^"#:]*"' "$pages"/*.html | sed 's/^href="//; s/"$//' | sort -u)
+}
+check_help_file Scrivolt_EN "$root/help" "$root/text/message_list.h"
+check_help_file Scrivolt_NL "$root/help/nl" "$root/languages/nl/message_list.h"
 
-# Every link between the help pages leads to a page of the help file.
-while IFS= read -r target; do
-  if grep -qx "$target" "$root/help/Scrivolt_EN.hhp"; then
-    passed=$((passed + 1))
-  else
-    fail help-links "a help page links to $target, which the help file does not hold"
-  fi
-done < <(grep -oh 'href="[^"#:]*"' "$root"/help/*.html | sed 's/^href="//; s/"$//' | sort -u)
+# A language module is resources only: no entry point and no imported
+# library, so loading it runs nothing.
+module_headers=$(x86_64-w64-mingw32-objdump -p "$build/Scrivolt_NL.dll")
+if ! grep -q '^AddressOfEntryPoint[[:space:]]*0*$' <<<"$module_headers"; then
+  fail language-module "Scrivolt_NL.dll has an entry point"
+elif grep -q 'DLL Name:' <<<"$module_headers"; then
+  fail language-module "Scrivolt_NL.dll imports $(grep 'DLL Name:' <<<"$module_headers" | tr -s ' \n' ' ')"
+else
+  passed=$((passed + 1))
+fi
 
 echo "windows shell: $passed passed, $failed failed"
 [ "$failed" -eq 0 ]
