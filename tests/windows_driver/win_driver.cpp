@@ -321,11 +321,16 @@ bool Step(Session& session, const std::string& command, const std::string& argum
   const DWORD processId = session.process.dwProcessId;
   if (command == "window") {
     const std::wstring caption = Widen(argument);
+    // A window not seen before wins over one that was: a dialog opened again
+    // is the new one, not the old one on its way out.
     HWND found = WaitFor(session, [&]() -> HWND {
+      HWND seen = nullptr;
       for (HWND window : ProgramWindows(processId)) {
-        if (WindowText(window) == caption) return window;
+        if (WindowText(window) != caption) continue;
+        if (!session.known.count(window)) return window;
+        seen = window;
       }
-      return nullptr;
+      return seen;
     });
     if (found == nullptr) return Fail("no window \"" + argument + "\"");
     session.current = found;
@@ -335,6 +340,11 @@ bool Step(Session& session, const std::string& command, const std::string& argum
   }
   if (session.current == nullptr && command != "box" && command != "exit" && command != "sleep" &&
       command != "menufrom" && command != "end") return Fail("no current window");
+  // Reading starts with a message through the window's thread: the program
+  // then has done what it was doing (a modal loop whose box was just closed
+  // returns only at its next message).
+  DWORD_PTR ignored = 0;
+  SendMessageTimeoutW(session.current, WM_NULL, 0, 0, SMTO_ABORTIFHUNG, session.timeoutMs, &ignored);
   if (command == "describe") {
     Describe(session.current);
   } else if (command == "menu") {
