@@ -17,6 +17,7 @@
 //   press TEXT          press the button of the current window with this text ("&" left out)
 //   select ID TEXT      pick the entry TEXT of the drop-down list ID
 //   read ID             print the text of control ID
+//   entries ID          print the entries of the drop-down list ID, in their order
 //   place               print the current window's top left corner on the screen (pixels)
 //   state ID            print whether control ID is enabled
 //   key NAME            press and release a key (F1, SPACE, ESCAPE, RETURN) in the focused window
@@ -369,6 +370,15 @@ bool Step(Session& session, const std::string& command, const std::string& argum
     if (index == CB_ERR) return Fail("no entry \"" + argument.substr(space + 1) + "\"");
     SendMessageW(list, CB_SETCURSEL, WPARAM(index), 0);
     PostMessageW(GetParent(list), WM_COMMAND, MAKEWPARAM(id, CBN_SELCHANGE), reinterpret_cast<LPARAM>(list));
+  } else if (command == "entries") {
+    HWND list = FindControl(session.current, std::stoi(argument));
+    if (list == nullptr) return Fail("no control " + argument);
+    const LRESULT count = SendMessageW(list, CB_GETCOUNT, 0, 0);
+    for (LRESULT index = 0; index < count; ++index) {
+      std::wstring entry(size_t(SendMessageW(list, CB_GETLBTEXTLEN, WPARAM(index), 0)) + 1, L'\0');
+      entry.resize(size_t(SendMessageW(list, CB_GETLBTEXT, WPARAM(index), reinterpret_cast<LPARAM>(&entry[0]))));
+      Print("  entry \"" + Utf8(entry) + "\"");
+    }
   } else if (command == "read" || command == "state") {
     HWND control = FindControl(session.current, std::stoi(argument));
     if (control == nullptr) return Fail("no control " + argument);
