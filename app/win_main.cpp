@@ -22,6 +22,7 @@
 #include "app/windows/program_dialog.h"
 #include "cmdline/cmd_line_processor.h"
 #include "cmdline/command_line_arguments.h"
+#include "engine/process_context.h"
 #include "platform/win32/process_command_line.h"
 #include "platform/win32/wide_cast.h"
 #include "text/format.h"
@@ -69,7 +70,9 @@ int RunMainWindow(CSettings& settings, CUserSettings& user, CLanguageModules& la
 int RunCommandLine(WString arguments) {
   CPlatformRunScreen screen(OpenHelpTopic);
   CCmdLineProcessor processor(screen);
-  return processor.Run(std::move(arguments)) ? 0 : 1;
+  const bool succeeded = processor.Run(std::move(arguments));
+  KeepTreesUntilProcessEnds(processor.Context());
+  return succeeded ? 0 : 1;
 }
 
 int RunProgram() {

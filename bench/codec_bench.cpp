@@ -90,7 +90,7 @@ double RunOnce(const Benchmark& benchmark, const WString& input) {
   CStringContentSource source{WString(benchmark.templateText)};
   CStringContentDest destination(&output);
   const Clock::time_point start = Clock::now();
-  const WString errors = Process(context, source, destination, true, false);
+  const WString errors = Process(context, source, destination, Evaluation::Evaluate, Isolation::KeepChanges);
   const double seconds = std::chrono::duration<double>(Clock::now() - start).count();
   if (!errors.empty()) {
     std::printf("%s failed: %s\n", benchmark.name, WideToUtf8(errors).c_str());

@@ -40,10 +40,11 @@ double Seconds(Clock::time_point start) { return std::chrono::duration<double>(C
 // The child: one processing, then its time and peak memory on stdout.
 int ProcessOnce(const char* in, const char* out) {
   CProcessContext context;
-  CFileContentSource source(std::filesystem::path(in).u16string(), EncodingType::Ascii, false, false, true);
+  CFileContentSource source(std::filesystem::path(in).u16string(), EncodingType::Ascii, false, MissingFile::Error,
+                            InFileParam::Set);
   CFileContentDest destination(std::filesystem::path(out).u16string(), EncodingType::Ascii, false, true);
   const Clock::time_point start = Clock::now();
-  const WString errors = Process(context, source, destination, true, true);
+  const WString errors = Process(context, source, destination, Evaluation::Evaluate, Isolation::Isolated);
   const double seconds = Seconds(start);
   if (!errors.empty()) {
     std::fprintf(stderr, "processing failed\n");

@@ -43,9 +43,10 @@ WString CCmdLineProcessor::ProcessPairReport() {
     errorLine = CText(MsgNoOutputFile).str();
   } else {
     const CRunDescription& d = description_;
-    CFileContentSource source(d.inFile, d.inEncoding.type, d.inEncoding.isExplicit, false, true);
+    CFileContentSource source(d.inFile, d.inEncoding.type, d.inEncoding.isExplicit, MissingFile::Error,
+                              InFileParam::Set);
     CFileContentDest destination(d.outFile, d.outEncoding.type, d.outEncoding.isExplicit, true);
-    const WString errors = Process(context_, source, destination, true, true);
+    const WString errors = Process(context_, source, destination, Evaluation::Evaluate, Isolation::Isolated);
     if (errors.empty()) {
       AddFeedback(CText(MsgProcessed).Fill({{u"[INFILEPATH]", d.inFile}, {u"[OUTFILEPATH]", d.outFile}}).str(), false);
       return WString();

@@ -15,16 +15,12 @@ void CContent::Attach(CProcessContext& context, CFileRecord& record) {
   Prepare();
 }
 
-CFileContentSource::CFileContentSource(WString path, EncodingType type, bool isExplicit, bool skipIfMissing,
-                                       bool setInFile)
-    : path_(std::move(path)),
-      setInFile_(setInFile),
-      type_(type),
-      explicit_(isExplicit),
-      skipIfMissing_(skipIfMissing) {}
+CFileContentSource::CFileContentSource(WString path, EncodingType type, bool isExplicit, MissingFile missingFile,
+                                       InFileParam inFile)
+    : path_(std::move(path)), inFile_(inFile), type_(type), explicit_(isExplicit), missingFile_(missingFile) {}
 
 void CFileContentSource::Prepare() {
-  if (setInFile_) record_->inFile = path_;
+  if (inFile_ == InFileParam::Set) record_->inFile = path_;
   record_->currentFile = path_;
   if (!description.empty()) {
     record_->description = description;
@@ -40,7 +36,7 @@ void CFileContentSource::Prepare() {
 WString CFileContentSource::Read(WString& text) {
   WString errorText;
   const WString resolved = ResolveFilePath(path_, BaseFolder(*context_));
-  ReadTextFile(resolved, text, skipIfMissing_, record_->encoding, explicit_, errorText);
+  ReadTextFile(resolved, text, missingFile_ == MissingFile::EmptyText, record_->encoding, explicit_, errorText);
   return errorText;
 }
 

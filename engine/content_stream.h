@@ -40,10 +40,16 @@ class CContentSource : public CContent {
   WString description;
 };
 
+// What reading a file that does not exist gives: an error, or empty text.
+enum class MissingFile { Error, EmptyText };
+// Whether the file becomes _InFile (the template of a command-line pair) or
+// leaves it as it is (a file a template reads).
+enum class InFileParam { Keep, Set };
+
 class CFileContentSource : public CContentSource {
  public:
   CFileContentSource() = default;
-  CFileContentSource(WString path, EncodingType type, bool isExplicit, bool skipIfMissing, bool setInFile);
+  CFileContentSource(WString path, EncodingType type, bool isExplicit, MissingFile missingFile, InFileParam inFile);
   WString Read(WString& text) override;
   bool IsFile() const override { return true; }
 
@@ -52,10 +58,10 @@ class CFileContentSource : public CContentSource {
 
  private:
   WString path_;  // as given, resolved only when read
-  bool setInFile_ = false;
+  InFileParam inFile_ = InFileParam::Keep;
   EncodingType type_ = EncodingType::Ascii;
   bool explicit_ = false;
-  bool skipIfMissing_ = false;
+  MissingFile missingFile_ = MissingFile::Error;
 };
 
 class CStringContentSource : public CContentSource {

@@ -98,8 +98,8 @@ WString EvaluateTemplate(CProcessContext& context, const CFileRecord& record, WS
 
 }  // namespace
 
-WString Process(CProcessContext& context, CContentSource& source, CContentDest& destination, bool evaluate,
-                bool isolated) {
+WString Process(CProcessContext& context, CContentSource& source, CContentDest& destination, Evaluation evaluation,
+                Isolation isolation) {
   CFileRecord record = context.CurrentRecord();
   record.source = &source;
   record.dest = &destination;
@@ -110,8 +110,8 @@ WString Process(CProcessContext& context, CContentSource& source, CContentDest& 
   WString errorText = source.Read(text);
   if (!errorText.empty()) return errorText;
   WString output;
-  if (evaluate) {
-    errorText = EvaluateTemplate(context, record, std::move(text), isolated, output);
+  if (evaluation == Evaluation::Evaluate) {
+    errorText = EvaluateTemplate(context, record, std::move(text), isolation == Isolation::Isolated, output);
   } else {
     output = std::move(text);
   }

@@ -10,13 +10,18 @@ namespace NScrivolt {
 
 class CParsePart;
 
-// Reads the source, parses and evaluates it (when `evaluate`), and writes the
-// whole output to the destination only when no error arose. `isolated`
-// discards every change the template makes to the parameters and user
-// functions; otherwise only _InFile, _CurrentFile and _OutFile are put back.
-// Returns the error report (empty on success).
-WString Process(CProcessContext& context, CContentSource& source, CContentDest& destination,
-                bool evaluate, bool isolated);
+// Whether a processing evaluates its text as a template or copies it as it is.
+enum class Evaluation { CopyText, Evaluate };
+// What a processing puts back when it ends: every change the template made
+// to the parameters and user functions, or only _InFile, _CurrentFile and
+// _OutFile.
+enum class Isolation { KeepChanges, Isolated };
+
+// Reads the source, parses and evaluates it (or copies it), and writes the
+// whole output to the destination only when no error arose. Returns the
+// error report (empty on success).
+WString Process(CProcessContext& context, CContentSource& source, CContentDest& destination, Evaluation evaluation,
+                Isolation isolation);
 
 // Evaluates the children of `part` (a template, an argument's content or a
 // user function's body) in order, appending their output to `output`.

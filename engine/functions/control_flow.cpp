@@ -72,8 +72,8 @@ const CArgumentTable& CConditionalLoop::Arguments() const {
 }
 
 // Rounds are counted in 64 bits: a loop number never wraps around.
-WString CConditionalLoop::RunLoop(CProcessContext& context, bool testFirst, bool continueWhile,
-                                  WString& output) const {
+WString CConditionalLoop::RunLoop(CProcessContext& context, CLoopRule rule, WString& output) const {
+  const bool testFirst = rule.test == CLoopRule::Test::BeforeRound;
   CParamQualifier loopNumber;
   WString errorText = EvaluateQualifier(*this, loopNumber_, u"LoopNr", context, false, loopNumber);
   for (std::int64_t round = 1; errorText.empty() && round <= kMaxLoopRounds; ++round) {
@@ -81,24 +81,24 @@ WString CConditionalLoop::RunLoop(CProcessContext& context, bool testFirst, bool
     bool holds = false;
     if (testFirst) {
       errorText = EvaluateCondition(context, holds);
-      if (!errorText.empty() || holds != continueWhile) break;
+      if (!errorText.empty() || holds != rule.continueWhile) break;
     }
     errorText = AppendEvaluation(*this, do_, u"Do", context, output);
     if (!errorText.empty()) break;
     if (!testFirst) {
       errorText = EvaluateCondition(context, holds);
-      if (!errorText.empty() || holds != continueWhile) break;
+      if (!errorText.empty() || holds != rule.continueWhile) break;
     }
   }
   return errorText;
 }
 
 WString CFunctionWhile::Execute(CProcessContext& context, WString& output) {
-  return RunLoop(context, true, true, output);
+  return RunLoop(context, kWhileRule, output);
 }
 
 WString CFunctionUntil::Execute(CProcessContext& context, WString& output) {
-  return RunLoop(context, false, false, output);
+  return RunLoop(context, kUntilRule, output);
 }
 
 // --- for ---------------------------------------------------------------------

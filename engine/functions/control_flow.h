@@ -29,6 +29,15 @@ class CFunctionIf : public CFunctionCompare {
   ArgumentSlot else_ = nullptr;
 };
 
+// How a conditional loop tests: "while" before each round and goes on while
+// the condition holds, "until" after each round and goes on while it fails.
+struct CLoopRule {
+  enum class Test { BeforeRound, AfterRound } test;
+  bool continueWhile;
+};
+constexpr CLoopRule kWhileRule{CLoopRule::Test::BeforeRound, true};
+constexpr CLoopRule kUntilRule{CLoopRule::Test::AfterRound, false};
+
 // The body and round counter of "while" and "until".
 class CConditionalLoop : public CFunctionCompare {
  public:
@@ -36,10 +45,9 @@ class CConditionalLoop : public CFunctionCompare {
 
  protected:
   // Runs the loop: before each round the loop-number parameter (when
-  // given) is set to the round's number; `testFirst` tests the condition
-  // before the body, and the loop goes on while the condition equals
-  // `continueWhile`.
-  WString RunLoop(CProcessContext& context, bool testFirst, bool continueWhile, WString& output) const;
+  // given) is set to the round's number; the condition is tested as `rule`
+  // says.
+  WString RunLoop(CProcessContext& context, CLoopRule rule, WString& output) const;
 
  private:
   ArgumentSlot do_ = nullptr;

@@ -14,12 +14,18 @@ namespace {
 
 // Runs a source into the function's output: evaluated as a template against
 // the caller's parameters and user functions, or copied as it is.
-WString ProcessIntoOutput(CProcessContext& context, CContentSource& source, bool evaluate, WString& output) {
+WString ProcessIntoOutput(CProcessContext& context, CContentSource& source, Evaluation evaluation,
+                          WString& output) {
   WString text;
   CStringContentDest destination(&text);
-  WString errorText = Process(context, source, destination, evaluate, false);
+  WString errorText = Process(context, source, destination, evaluation, Isolation::KeepChanges);
   if (errorText.empty()) AppendResult(output, std::move(text));
   return errorText;
+}
+
+// "skipifmissing" given: a missing file reads as empty text.
+MissingFile MissingFileFor(ArgumentSlot skipIfMissing) {
+  return skipIfMissing != nullptr ? MissingFile::EmptyText : MissingFile::Error;
 }
 
 }  // namespace
@@ -36,7 +42,8 @@ WString CFunctionExternalFile::EvaluateFileEncoding(CProcessContext& context, En
   return errorText;
 }
 
-WString CFunctionExternalFile::MakeFileSource(CProcessContext& context, const CParsePart* file, bool skipIfMissing,
+WString CFunctionExternalFile::MakeFileSource(CProcessContext& context, const CParsePart* file,
+                                              MissingFile missingFile,
                                               std::unique_ptr<CContentSource>& source) const {
   WString path;
   WString errorText = EvaluateText(*this, file, u"File", context, false, path);
@@ -45,7 +52,7 @@ WString CFunctionExternalFile::MakeFileSource(CProcessContext& context, const CP
   bool isExplicit;
   errorText = EvaluateFileEncoding(context, type, isExplicit);
   if (errorText.empty()) {
-    source = std::make_unique<CFileContentSource>(std::move(path), type, isExplicit, skipIfMissing, false);
+    source = std::make_unique<CFileContentSource>(std::move(path), type, isExplicit, missingFile, InFileParam::Keep);
   }
   return errorText;
 }
@@ -67,8 +74,8 @@ const CArgumentTable& CFunctionInput::Arguments() const {
 
 WString CFunctionInput::Execute(CProcessContext& context, WString& output) {
   std::unique_ptr<CContentSource> source;
-  WString errorText = MakeFileSource(context, file_, skipIfMissing_ != nullptr, source);
-  if (errorText.empty()) errorText = ProcessIntoOutput(context, *source, false, output);
+  WString errorText = MakeFileSource(context, file_, MissingFileFor(skipIfMissing_), source);
+  if (errorText.empty()) errorText = ProcessIntoOutput(context, *source, Evaluation::CopyText, output);
   return errorText;
 }
 
@@ -82,7 +89,7 @@ const CArgumentTable& CFunctionProcess::Arguments() const {
 }
 
 WString CFunctionProcess::MakeSource(CProcessContext& context, std::unique_ptr<CContentSource>& source) const {
-  if (file_ != nullptr) return MakeFileSource(context, file_, skipIfMissing_ != nullptr, source);
+  if (file_ != nullptr) return MakeFileSource(context, file_, MissingFileFor(skipIfMissing_), source);
   WString text;
   WString errorText = EvaluateText(*this, content_, u"Content", context, false, text);
   if (errorText.empty()) source = std::make_unique<CStringContentSource>(std::move(text));
@@ -94,7 +101,7 @@ WString CFunctionProcess::Execute(CProcessContext& context, WString& output) {
   if (file_ != nullptr && content_ != nullptr) return ErrorAt(MsgFileAndContent, CallPart());
   std::unique_ptr<CContentSource> source;
   WString errorText = MakeSource(context, source);
-  if (errorText.empty()) errorText = ProcessIntoOutput(context, *source, true, output);
+  if (errorText.empty()) errorText = ProcessIntoOutput(context, *source, Evaluation::Evaluate, output);
   return errorText;
 }
 
@@ -126,7 +133,7 @@ WString CFunctionOutput::WriteFiles(CProcessContext& context, const std::vector<
     // Each file gets its own source: a text source hands its text over when read.
     CStringContentSource source(content);
     CFileContentDest destination(paths[i], type, isExplicit, false);
-    errorText = Process(context, source, destination, false, false);
+    errorText = Process(context, source, destination, Evaluation::CopyText, Isolation::KeepChanges);
   }
   return errorText;
 }

@@ -26,8 +26,8 @@ class CFunctionExternalFile : public CFunction {
   WString EvaluateFileEncoding(CProcessContext& context, EncodingType& type, bool& isExplicit) const;
 
   // Evaluates `file` (display name "File") and "fileencoding" into a source
-  // that reads that file; `skipIfMissing` makes a missing file empty text.
-  WString MakeFileSource(CProcessContext& context, const CParsePart* file, bool skipIfMissing,
+  // that reads that file; MissingFile::EmptyText makes a missing file empty text.
+  WString MakeFileSource(CProcessContext& context, const CParsePart* file, MissingFile missingFile,
                          std::unique_ptr<CContentSource>& source) const;
 
  private:

@@ -58,7 +58,7 @@ TEST(Isolation, AnIsolatedRunLeavesNothingBehind) {
   for (const auto& [end, fails] : {std::pair<WStringView, bool>{u" #>", false}, {u"; use param: \"x\" #>", true}}) {
     CProcessContext context;
     context.Root().GetChildByName(u"kept", true)->SetValue(u"before");
-    EXPECT_EQ(RunTemplate(context, changes + WString(end), true).errors.empty(), !fails);
+    EXPECT_EQ(RunTemplate(context, changes + WString(end), Isolation::Isolated).errors.empty(), !fails);
     EXPECT_EQ(context.Root().GetChildValue(u"kept"), u"before") << fails;
     EXPECT_EQ(std::as_const(context).Root().GetChildByName(u"new"), nullptr) << fails;
     EXPECT_EQ(std::as_const(context).Root().GetChildByName(u"_InFile"), nullptr) << fails;
@@ -89,9 +89,9 @@ TEST(BaseFolder, BasePathThenFolderOfCurrentInFile) {
 class FileProcess : public ::testing::Test {
  protected:
   WString Run(const WString& in, const WString& out) {
-    CFileContentSource source(in, EncodingType::Ascii, false, false, true);
+    CFileContentSource source(in, EncodingType::Ascii, false, MissingFile::Error, InFileParam::Set);
     CFileContentDest destination(out, EncodingType::Ascii, false, true);
-    return Process(context_, source, destination, true, true);
+    return Process(context_, source, destination, Evaluation::Evaluate, Isolation::Isolated);
   }
 
   CScratchFolder folder_;
@@ -108,7 +108,7 @@ TEST(ProcessWithoutEvaluation, CopiesTheTextUnchanged) {
   WString out;
   CStringContentSource source(u"<#<# <# use #>");
   CStringContentDest destination(&out);
-  EXPECT_EQ(Process(context, source, destination, false, false), u"");
+  EXPECT_EQ(Process(context, source, destination, Evaluation::CopyText, Isolation::KeepChanges), u"");
   EXPECT_EQ(out, u"<#<# <# use #>");
 }
 

@@ -25,11 +25,12 @@ struct TemplateRun {
   WString errors;
 };
 
-inline TemplateRun RunTemplate(CProcessContext& context, WStringView text, bool isolated = false) {
+inline TemplateRun RunTemplate(CProcessContext& context, WStringView text,
+                               Isolation isolation = Isolation::KeepChanges) {
   TemplateRun run;
   CStringContentSource source{WString(text)};
   CStringContentDest destination(&run.output);
-  run.errors = Process(context, source, destination, true, isolated);
+  run.errors = Process(context, source, destination, Evaluation::Evaluate, isolation);
   return run;
 }
 

@@ -17,6 +17,7 @@
 //   press TEXT          press the button of the current window with this text ("&" left out)
 //   select ID TEXT      pick the entry TEXT of the drop-down list ID
 //   read ID             print the text of control ID
+//   entries ID          print the entries of the drop-down list ID, in their order
 //   place               print the current window's top left corner on the screen (pixels)
 //   state ID            print whether control ID is enabled
 //   key NAME            press and release a key (F1, SPACE, ESCAPE, RETURN) in the focused window
@@ -321,11 +322,16 @@ bool Step(Session& session, const std::string& command, const std::string& argum
   const DWORD processId = session.process.dwProcessId;
   if (command == "window") {
     const std::wstring caption = Widen(argument);
+    // A window not seen before wins over one that was: a dialog opened again
+    // is the new one, not the old one on its way out.
     HWND found = WaitFor(session, [&]() -> HWND {
+      HWND seen = nullptr;
       for (HWND window : ProgramWindows(processId)) {
-        if (WindowText(window) == caption) return window;
+        if (WindowText(window) != caption) continue;
+        if (!session.known.count(window)) return window;
+        seen = window;
       }
-      return nullptr;
+      return seen;
     });
     if (found == nullptr) return Fail("no window \"" + argument + "\"");
     session.current = found;
@@ -335,6 +341,11 @@ bool Step(Session& session, const std::string& command, const std::string& argum
   }
   if (session.current == nullptr && command != "box" && command != "exit" && command != "sleep" &&
       command != "menufrom" && command != "end") return Fail("no current window");
+  // Reading starts with a message through the window's thread: the program
+  // then has done what it was doing (a modal loop whose box was just closed
+  // returns only at its next message).
+  DWORD_PTR ignored = 0;
+  SendMessageTimeoutW(session.current, WM_NULL, 0, 0, SMTO_ABORTIFHUNG, session.timeoutMs, &ignored);
   if (command == "describe") {
     Describe(session.current);
   } else if (command == "menu") {
@@ -359,6 +370,15 @@ bool Step(Session& session, const std::string& command, const std::string& argum
     if (index == CB_ERR) return Fail("no entry \"" + argument.substr(space + 1) + "\"");
     SendMessageW(list, CB_SETCURSEL, WPARAM(index), 0);
     PostMessageW(GetParent(list), WM_COMMAND, MAKEWPARAM(id, CBN_SELCHANGE), reinterpret_cast<LPARAM>(list));
+  } else if (command == "entries") {
+    HWND list = FindControl(session.current, std::stoi(argument));
+    if (list == nullptr) return Fail("no control " + argument);
+    const LRESULT count = SendMessageW(list, CB_GETCOUNT, 0, 0);
+    for (LRESULT index = 0; index < count; ++index) {
+      std::wstring entry(size_t(SendMessageW(list, CB_GETLBTEXTLEN, WPARAM(index), 0)) + 1, L'\0');
+      entry.resize(size_t(SendMessageW(list, CB_GETLBTEXT, WPARAM(index), reinterpret_cast<LPARAM>(&entry[0]))));
+      Print("  entry \"" + Utf8(entry) + "\"");
+    }
   } else if (command == "read" || command == "state") {
     HWND control = FindControl(session.current, std::stoi(argument));
     if (control == nullptr) return Fail("no control " + argument);

@@ -30,10 +30,12 @@ DialogTemplate LoadTemplate(HMODULE module, WORD resourceId) {
 }
 
 // A dialog class of the given name: the dialog manager's window procedure
-// with the room it keeps per window.
+// with the room it keeps per window. The class is global, so a template
+// from a language module (another module than the executable) finds it.
 void RegisterDialogClass(const WString& className) {
   WNDCLASSEXW windowClass = {};
   windowClass.cbSize = sizeof windowClass;
+  windowClass.style = CS_GLOBALCLASS;
   windowClass.lpfnWndProc = DefDlgProcW;
   windowClass.cbWndExtra = DLGWINDOWEXTRA;
   windowClass.hInstance = GetModuleHandleW(nullptr);
