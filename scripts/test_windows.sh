@@ -13,8 +13,6 @@ export WINEPREFIX="$(cd "$build" && pwd)/wineprefix"
 export WINEDEBUG=-all
 export WINEARCH=win64
 mkdir -p "$WINEPREFIX"
-# The first start creates the prefix; do it apart so its noise stays out of the results.
-[ -f "$WINEPREFIX/system.reg" ] || wine cmd /c exit >/dev/null 2>&1 || true
 # Windows and message boxes need a display: a private virtual one unless one
 # is given. Xvfb picks a free display number itself and writes it to the pipe.
 if [ -z "${DISPLAY:-}" ]; then
@@ -23,6 +21,13 @@ if [ -z "${DISPLAY:-}" ]; then
   trap 'kill $xvfb 2>/dev/null || true' EXIT
   read -r -t 20 number <&3 || { echo "Xvfb did not start" >&2; exit 1; }
   export DISPLAY=:$number
+fi
+# The first start creates the prefix; do it apart, with the display, and wait
+# until Wine has finished setting it up, so its noise stays out of the
+# results and the first test's windows are not made while it still works.
+if [ ! -f "$WINEPREFIX/system.reg" ]; then
+  wine cmd /c exit >/dev/null 2>&1 || true
+  wineserver -w
 fi
 if [ "$what" = --e2e ]; then
   status=0
