@@ -44,7 +44,7 @@ void ShowBox(const CText& text, MessageId title, UINT icon) {
   MessageBoxW(nullptr, Platform::AsWin(text.str()), Platform::AsWin(CText(title).str()), MB_OK | icon);
 }
 
-void OpenHelpTopic(std::uint32_t topicId) { ShowHelpTopic(nullptr, MessageId(topicId)); }
+void OpenHelpTopic(MessageId topicId) { ShowHelpTopic(nullptr, topicId); }
 
 // A settings file that cannot be reached leaves the defaults in force.
 void LoadSettings(CSettings& settings) {

@@ -71,7 +71,7 @@ class CCmdLineProcessor : public ICmdLineProcessor {
 
   bool Finish(bool switchesSucceeded);
   SwitchResult Fail(WString message);
-  SwitchResult FailFor(std::uint32_t messageId, const CSwitchOptions& options);
+  SwitchResult FailFor(MessageId messageId, const CSwitchOptions& options);
   SwitchResult FailInvalidName(const CSwitchOptions& options);
   CParam* FindOrCreateParam(const WString& name);
 
@@ -80,7 +80,7 @@ class CCmdLineProcessor : public ICmdLineProcessor {
   SwitchResult SetSubParams(const CSwitchOptions& options);
   SwitchResult UnsetParam(const CSwitchOptions& options);
   SwitchResult SetBasePathSwitch(const CSwitchOptions& options);
-  SwitchResult SetFile(const CSwitchOptions& options, WString& file, std::uint32_t missingMessageId);
+  SwitchResult SetFile(const CSwitchOptions& options, WString& file, MessageId missingMessageId);
   SwitchResult RunCommandFile(const CSwitchOptions& options);
   SwitchResult SetFeedbackDest(const CSwitchOptions& options);
   SwitchResult SetFeedbackMode(const CSwitchOptions& options);

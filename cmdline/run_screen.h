@@ -6,6 +6,7 @@
 
 #include "platform/message_box.h"
 #include "text/base/wide_string.h"
+#include "text/message_ids.h"
 
 namespace NScrivolt {
 
@@ -15,20 +16,20 @@ class IRunScreen {
   // A modal box without owner window; returns when the user has closed it.
   virtual void ShowMessage(WStringView text, WStringView title, Platform::MessageBoxIcon icon) = 0;
   // The help page whose name is message `topicId`, without owner window.
-  virtual void ShowHelp(std::uint32_t topicId) = 0;
+  virtual void ShowHelp(MessageId topicId) = 0;
 };
 
 // Opens the help page whose name is message `topicId`. Each front end brings
 // its own: the Windows program opens its help file, the POSIX program prints
 // the usage text.
-using HelpOpener = void (*)(std::uint32_t topicId);
+using HelpOpener = void (*)(MessageId topicId);
 
 // The operating system's message boxes and the front end's help opener.
 class CPlatformRunScreen : public IRunScreen {
  public:
   explicit CPlatformRunScreen(HelpOpener openHelp) : openHelp_(openHelp) {}
   void ShowMessage(WStringView text, WStringView title, Platform::MessageBoxIcon icon) override;
-  void ShowHelp(std::uint32_t topicId) override { openHelp_(topicId); }
+  void ShowHelp(MessageId topicId) override { openHelp_(topicId); }
 
  private:
   HelpOpener openHelp_;

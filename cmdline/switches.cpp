@@ -20,7 +20,7 @@ SwitchResult CCmdLineProcessor::Fail(WString message) {
   return {false, 0, std::move(message)};
 }
 
-SwitchResult CCmdLineProcessor::FailFor(std::uint32_t messageId, const CSwitchOptions& options) {
+SwitchResult CCmdLineProcessor::FailFor(MessageId messageId, const CSwitchOptions& options) {
   return Fail(CText(messageId).Replace(u"[SWITCH]", options.switchText).str());
 }
 
@@ -108,7 +108,7 @@ SwitchResult CCmdLineProcessor::SetBasePathSwitch(const CSwitchOptions& options)
 }
 
 // "/in" FILE, "/out" FILE
-SwitchResult CCmdLineProcessor::SetFile(const CSwitchOptions& options, WString& file, std::uint32_t missingMessageId) {
+SwitchResult CCmdLineProcessor::SetFile(const CSwitchOptions& options, WString& file, MessageId missingMessageId) {
   if (!options.Has(0)) return FailFor(missingMessageId, options);
   file = options.Text(0);
   return Consumed(1);

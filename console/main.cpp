@@ -30,7 +30,7 @@ void PrintToStandardOutput(const WString& text) {
 }
 
 // The help opener of the console program: whatever the page, the usage text.
-void PrintUsageText(std::uint32_t) { PrintToStandardOutput(UsageText()); }
+void PrintUsageText(MessageId) { PrintToStandardOutput(UsageText()); }
 
 bool IsBlank(const WString& argument) {
   return argument.find_first_not_of(u" \t\r\n") == WString::npos;

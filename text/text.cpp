@@ -30,17 +30,17 @@ bool LoadFromModule(ModuleHandle module, std::uint32_t id, WString& text) {
 
 }  // namespace
 
-WString CText::Load(std::uint32_t id, const CResourceModule& module, const WChar* defaultText) {
+WString CText::Load(MessageId id, const CResourceModule& module, const WChar* defaultText) {
   WString text;
   if (LoadFromModule(module.Primary(), id, text)) return text;
   if (LoadFromModule(module.Fallback(), id, text)) return text;
   return defaultText != nullptr ? WString(defaultText) : WString();
 }
 
-CText::CText(std::uint32_t id, const WChar* defaultText)
+CText::CText(MessageId id, const WChar* defaultText)
     : text_(Load(id, *GetCurrentResourceModule(), defaultText)) {}
 
-CText::CText(std::uint32_t id, const CResourceModule& module, const WChar* defaultText)
+CText::CText(MessageId id, const CResourceModule& module, const WChar* defaultText)
     : text_(Load(id, module, defaultText)) {}
 
 CText::CText(const WChar* text) : text_(text != nullptr ? text : u"") {}

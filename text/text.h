@@ -16,8 +16,8 @@ class CText {
   CText() = default;
   // Loads message `id` through the current resource module; when neither of
   // its modules has it, the text is `defaultText` (empty for null).
-  explicit CText(std::uint32_t id, const WChar* defaultText = nullptr);
-  CText(std::uint32_t id, const CResourceModule& module, const WChar* defaultText = nullptr);
+  explicit CText(MessageId id, const WChar* defaultText = nullptr);
+  CText(MessageId id, const CResourceModule& module, const WChar* defaultText = nullptr);
   CText(const WChar* text);  // null gives the empty text
   CText(WString text);
   CText(const CText&) = default;
@@ -60,7 +60,7 @@ class CText {
 
   // Loads by the rules of a resource module: the primary module with a buffer
   // of 256 units, doubled while a load fills it; then the fallback; then the default.
-  static WString Load(std::uint32_t id, const CResourceModule& module, const WChar* defaultText);
+  static WString Load(MessageId id, const CResourceModule& module, const WChar* defaultText);
 
  private:
   WString text_;

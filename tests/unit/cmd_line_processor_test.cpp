@@ -21,7 +21,7 @@ class CRecordingScreen : public IRunScreen {
     const char* icons[] = {"none", "warning", "error"};
     shown.push_back(WideToUtf8(title) + "|" + icons[int(icon)] + "|" + Lines(text));
   }
-  void ShowHelp(std::uint32_t topicId) override { shown.push_back("help " + std::to_string(topicId)); }
+  void ShowHelp(MessageId topicId) override { shown.push_back("help " + std::to_string(topicId)); }
 
   std::vector<std::string> shown;
 };

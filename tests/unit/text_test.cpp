@@ -11,12 +11,12 @@ namespace NScrivolt {
 namespace {
 
 struct ListedMessage {
-  std::uint32_t id;
+  MessageId id;
   const WChar* text;
 };
 
 constexpr ListedMessage kListed[] = {
-#define MESSAGE(id, name, text) {id, text},
+#define MESSAGE(id, name, text) {Msg##name, text},
 #include "text/message_list.h"
 #undef MESSAGE
 };
@@ -30,8 +30,8 @@ TEST(MessageTable, EveryMessageLoadsExactly) {
 }
 
 TEST(MessageTable, UnknownIdGivesDefaultOrEmpty) {
-  EXPECT_EQ(CText(39999).str(), u"");
-  EXPECT_EQ(CText(39999, u"fallback").str(), u"fallback");
+  EXPECT_EQ(CText(MessageId(39999)).str(), u"");
+  EXPECT_EQ(CText(MessageId(39999), u"fallback").str(), u"fallback");
 }
 
 struct ReplaceCase {

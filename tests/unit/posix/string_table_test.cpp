@@ -15,8 +15,8 @@ const Platform::StringTable kTable{kEntries, 2};
 // larger buffer, so nothing is cut.
 TEST(StringTableLoading, LongMessagesAreReadCompletely) {
   const CResourceModule module(&kTable, nullptr);
-  EXPECT_EQ(CText(50255, module).str(), k255);
-  EXPECT_EQ(CText(50256, module).str(), k256);
+  EXPECT_EQ(CText(MessageId(50255), module).str(), k255);
+  EXPECT_EQ(CText(MessageId(50256), module).str(), k256);
 }
 
 TEST(StringTableLoading, LanguageModuleFallsBackToExecutable) {

@@ -75,7 +75,7 @@ TEST(DutchLanguageModule, HoldsEveryDutchText) {
     ASSERT_NE(module.Get(), nullptr) << "error " << GetLastError();
     const CResourceModule dutchOnly(module.Get(), nullptr);
     for (const auto& entry : kDutchMessages) {
-      EXPECT_EQ(CText(entry.id, dutchOnly).str(), WString(entry.text)) << entry.id << " " << entry.name;
+      EXPECT_EQ(CText(MessageId(entry.id), dutchOnly).str(), WString(entry.text)) << entry.id << " " << entry.name;
     }
   }
 }
@@ -86,8 +86,8 @@ TEST(DutchLanguageModule, ExecutableIsTheFallback) {
   const LoadedModule module(LOAD_LIBRARY_AS_DATAFILE);
   ASSERT_NE(module.Get(), nullptr) << "error " << GetLastError();
   const CResourceModule dutchFirst(module.Get(), Platform::ExecutableModule());
-  EXPECT_EQ(CText(50255, dutchFirst).str(), CText(50255, CResourceModule(nullptr, nullptr)).str());
-  EXPECT_EQ(CText(50255, dutchFirst).str().size(), 255u);
+  EXPECT_EQ(CText(MessageId(50255), dutchFirst).str(), CText(MessageId(50255), CResourceModule(nullptr, nullptr)).str());
+  EXPECT_EQ(CText(MessageId(50255), dutchFirst).str().size(), 255u);
   EXPECT_EQ(CText(MsgNoInputFile, dutchFirst).str(), u"Geen invoerbestand opgegeven");
 }
 

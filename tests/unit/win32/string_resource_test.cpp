@@ -18,8 +18,8 @@ TEST(StringResourceLoading, LongMessagesAreReadCompletely) {
   WString expected256;
   while (expected256.size() < 256) expected256 += digits;
   expected256.resize(256);
-  EXPECT_EQ(CText(50255, module).str(), expected255);
-  EXPECT_EQ(CText(50256, module).str(), expected256);
+  EXPECT_EQ(CText(MessageId(50255), module).str(), expected255);
+  EXPECT_EQ(CText(MessageId(50256), module).str(), expected256);
 }
 
 // A language module that lacks a message: the executable's text is used.
