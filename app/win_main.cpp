@@ -24,10 +24,10 @@
 #include "cmdline/command_line_arguments.h"
 #include "engine/process_context.h"
 #include "platform/win32/process_command_line.h"
-#include "platform/win32/wide_cast.h"
 #include "text/format.h"
 #include "text/resource_module.h"
 #include "text/text.h"
+#include "ui/win32/message_box.h"
 
 namespace {
 
@@ -40,9 +40,7 @@ constexpr WStringView kMainWindowClass = u"ScrivoltMain";
 HINSTANCE programInstance = nullptr;
 CResourceModule* resources = nullptr;
 
-void ShowBox(const CText& text, MessageId title, UINT icon) {
-  MessageBoxW(nullptr, Platform::AsWin(text.str()), Platform::AsWin(CText(title).str()), MB_OK | icon);
-}
+void ShowBox(const CText& text, MessageId title, UINT icon) { Ui::ShowMessage(nullptr, text, title, MB_OK | icon); }
 
 void OpenHelpTopic(MessageId topicId) { ShowHelpTopic(nullptr, topicId); }
 

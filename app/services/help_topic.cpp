@@ -2,16 +2,15 @@
 
 #include "app/services/html_help.h"
 #include "app/services/install_path.h"
-#include "platform/win32/wide_cast.h"
 #include "text/text.h"
+#include "ui/win32/message_box.h"
 
 namespace NScrivolt {
 
 namespace {
 
 void ShowHelpProblem(HWND owner, const CText& text) {
-  const CText title(MsgHelpPageErrorTitle);
-  MessageBoxW(owner, Platform::AsWin(text.str()), Platform::AsWin(title.str()), MB_OK | MB_ICONWARNING);
+  Ui::ShowMessage(owner, text, MsgHelpPageErrorTitle, MB_OK | MB_ICONWARNING);
 }
 
 }  // namespace

@@ -1,9 +1,9 @@
 #include "app/shell/interface_language.h"
 
 #include "app/shell/app.h"
-#include "platform/win32/wide_cast.h"
 #include "text/format.h"
 #include "text/text.h"
+#include "ui/win32/message_box.h"
 
 namespace NScrivolt {
 
@@ -12,9 +12,7 @@ namespace {
 constexpr WStringView kModulePattern = u"Scrivolt_*.dll";
 constexpr WStringView kBuiltInLanguage = u"EN";
 
-void ShowWarning(const CText& text, MessageId title) {
-  MessageBoxW(nullptr, Platform::AsWin(text.str()), Platform::AsWin(CText(title).str()), MB_OK | MB_ICONWARNING);
-}
+void ShowWarning(const CText& text, MessageId title) { Ui::ShowMessage(nullptr, text, title, MB_OK | MB_ICONWARNING); }
 
 // The problems of a discovery, each after a blank line; empty when none.
 WString DiscoveryProblems(const CLanguageDiscovery& discovery) {

@@ -3,6 +3,7 @@
 #include "app/shell/resource_ids.h"
 #include "platform/win32/wide_cast.h"
 #include "text/text.h"
+#include "ui/win32/message_box.h"
 
 namespace NScrivolt {
 
@@ -39,8 +40,7 @@ void CLanguagePage::Apply(HWND owner) {
   const WString old = user_.GetLanguage();
   user_.SetLanguage(entries_[size_t(index)]->abbreviation);
   if (UpperCaseLanguage(old) == UpperCaseLanguage(user_.GetLanguage())) return;
-  MessageBoxW(owner, Platform::AsWin(CText(MsgLanguageChanged).str()),
-              Platform::AsWin(CText(MsgLanguageChangedTitle).str()), MB_OK | MB_ICONWARNING);
+  Ui::ShowMessage(owner, CText(MsgLanguageChanged), MsgLanguageChangedTitle, MB_OK | MB_ICONWARNING);
 }
 
 }  // namespace NScrivolt

@@ -6,9 +6,9 @@
 #include "app/windows/about_dlg.h"
 #include "app/windows/program_dialog.h"
 #include "app/windows/settings_dlg.h"
-#include "platform/win32/wide_cast.h"
 #include "text/format.h"
 #include "text/text.h"
+#include "ui/win32/message_box.h"
 
 namespace NScrivolt {
 
@@ -71,9 +71,8 @@ bool CMainDlg::SaveSettings() {
   while (!settings_.Save()) {
     CText text(MsgSettingsSaveError);
     FormatWindowsErrorText(text, u"[ERROR]", CText(MsgUnknownErrorOccurred));
-    const int answer = MessageBoxW(GetWindow(), Platform::AsWin(text.str()),
-                                   Platform::AsWin(CText(MsgSettingsSaveErrorTitle).str()),
-                                   MB_ABORTRETRYIGNORE | MB_ICONWARNING | MB_DEFBUTTON2);
+    const int answer = Ui::ShowMessage(GetWindow(), text, MsgSettingsSaveErrorTitle,
+                                       MB_ABORTRETRYIGNORE | MB_ICONWARNING | MB_DEFBUTTON2);
     if (answer == IDIGNORE) return true;
     if (answer != IDRETRY) return false;
   }

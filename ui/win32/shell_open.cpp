@@ -5,6 +5,7 @@
 #include "platform/win32/wide_cast.h"
 #include "text/format.h"
 #include "text/text.h"
+#include "ui/win32/message_box.h"
 
 namespace NScrivolt::Ui {
 
@@ -15,7 +16,7 @@ bool OpenWithShell(HWND owner, const WString& verb, const WString& target, Messa
   if (result > 32) return true;
   CText text(errorMessage);
   text.Replace(u"[FILEPATH]", target).Replace(u"[ERROR]", CText(ShellExecuteErrorMessageId(result)));
-  MessageBoxW(owner, Platform::AsWin(text.str()), Platform::AsWin(CText(title).str()), MB_OK | MB_ICONERROR);
+  ShowMessage(owner, text, title, MB_OK | MB_ICONERROR);
   return false;
 }
 
