@@ -3,9 +3,25 @@
 #include <algorithm>
 #include <memory>
 
+#include "engine/params/fixed_size_pool.h"
 #include "engine/params/param_child_list.h"
 
 namespace NScrivolt {
+
+namespace {
+
+// Never destroyed: trees may be left alive to the end of the process.
+CFixedSizePool& NodePool() {
+  static auto* pool = new CFixedSizePool(sizeof(CParam));
+  return *pool;
+}
+
+}  // namespace
+
+// The class is final, so every request is for one of its own size.
+void* CParam::operator new(std::size_t) { return NodePool().Allocate(); }
+
+void CParam::operator delete(void* node) { NodePool().Free(node); }
 
 CParam::CParam(const CParam& other)
     : value_(other.value_),
@@ -14,13 +30,16 @@ CParam::CParam(const CParam& other)
       index_(other.IndexAsKept()),
       numbered_(other.numbered_),
       valueKind_(other.valueKind_),
+      keyTag_(other.keyTag_),
       children_(other.children_) {
   if (children_ != nullptr) children_->AddRef();
 }
 
 // Only a node given a name keeps its id: a numbered one is named later.
 CParam::CParam(CParamId&& id) : index_(id.index), numbered_(id.numbered) {
-  if (!id.numbered) id_ = std::make_unique<CParamId>(std::move(id));
+  if (id.numbered) return;
+  keyTag_ = KeyTag(id.key);
+  id_ = std::make_unique<CParamId>(std::move(id));
 }
 
 CParam::~CParam() { CParamChildList::Release(children_, this); }

@@ -76,7 +76,7 @@ enum class ValueKind : std::uint8_t {
   EmptyArray,   // an array without elements; no value, no children
 };
 
-class CParam {
+class CParam final {
  public:
   CParam() = default;
   // A free-standing node with the other's value and id and a share of its
@@ -85,6 +85,10 @@ class CParam {
   // Copy into an existing node with CopyFrom, which keeps the node's own id.
   CParam& operator=(const CParam&) = delete;
   ~CParam();
+
+  // Nodes come from a pool of their own (see CFixedSizePool).
+  static void* operator new(std::size_t size);
+  static void operator delete(void* node);
 
   const WString& GetValue() const { return value_; }
   void SetValue(WString value) {
@@ -175,7 +179,8 @@ class CParam {
   WStringView GivenKey() const { return id_ != nullptr ? WStringView(id_->key) : WStringView(); }
   // In line: lookups in short lists call it for every child.
   bool HasKey(const CKeyLookup& lookup) const {
-    return automaticNumber_ != 0 ? automaticNumber_ == lookup.automaticNumber : GivenKey() == lookup.key;
+    if (automaticNumber_ != 0) return automaticNumber_ == lookup.automaticNumber;
+    return keyTag_ == lookup.tag && GivenKey() == lookup.key;
   }
   // The key, written into `buffer` when it is an automatic one.
   WStringView KeyIn(AutomaticKeyBuffer& buffer) const;
@@ -197,6 +202,7 @@ class CParam {
   std::int32_t index_ = 0;             // position among the siblings (see CParamChildList)
   bool numbered_ = true;               // made by number
   ValueKind valueKind_ = ValueKind::Text;
+  std::uint16_t keyTag_ = 0;           // KeyTag of the given key; in the padding after the flags
   CParamChildList* children_ = nullptr;   // shared; null without children
   CParamChildList* container_ = nullptr;  // the list holding this node; null for a root
 };

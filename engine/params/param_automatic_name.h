@@ -35,15 +35,27 @@ WStringView AutomaticKeyIn(std::uint64_t number, AutomaticKeyBuffer& buffer);
 // a number from 1 on, without leading zeros. 0 for any other key.
 std::uint64_t AutomaticNumberIn(WStringView key);
 
+// A short digest of a key (its length and its first and last units), kept
+// in every node given a name, so a scan of a short list compares keys only
+// where the digests agree and does not reach for the key text of every
+// sibling. The empty key has the digest 0.
+inline std::uint16_t KeyTag(WStringView key) {
+  if (key.empty()) return 0;
+  return std::uint16_t((key.size() << 11) ^ (std::uint32_t(key.front()) << 5) ^ key.back());
+}
+
 // A key looked up among the children of a parameter, with the number it
 // names when it has the form of an automatic key. Most keys are told apart
 // by their first unit, without a call.
 struct CKeyLookup {
   explicit CKeyLookup(WStringView text)
-      : key(text), automaticNumber(!text.empty() && text[0] == u'p' ? AutomaticNumberIn(text) : 0) {}
+      : key(text),
+        automaticNumber(!text.empty() && text[0] == u'p' ? AutomaticNumberIn(text) : 0),
+        tag(KeyTag(text)) {}
 
   WStringView key;
   std::uint64_t automaticNumber;
+  std::uint16_t tag;
 };
 
 }  // namespace NScrivolt

@@ -30,7 +30,7 @@ namespace NScrivolt {
 
 class CParam;
 
-class CParamChildList {
+class CParamChildList final {
  public:
   static constexpr std::size_t kLinearScanLimit = 8;
 
@@ -38,6 +38,10 @@ class CParamChildList {
   CParamChildList(const CParamChildList&) = delete;
   CParamChildList& operator=(const CParamChildList&) = delete;
   ~CParamChildList() = default;  // the nodes are deleted by Release
+
+  // Lists come from a pool of their own (see CFixedSizePool).
+  static void* operator new(std::size_t size);
+  static void operator delete(void* list);
 
   std::size_t Count() const { return live_; }
   CParam* FindKey(WStringView key);

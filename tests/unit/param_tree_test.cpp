@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 #include "engine/params/param_automatic_name.h"
 #include "unit/param_test_util.h"
@@ -33,6 +34,27 @@ TEST(ParamNames, LargeListsFindEveryKey) {
   }
   EXPECT_EQ(node.Count(), 66u);
   EXPECT_TRUE(NumberedInOrder(node));
+}
+
+// Keys of one length that begin and end alike share their short digest in a
+// short list: each must still find its own sibling, and one that differs
+// only there must find none.
+TEST(ParamNames, ShortListsTellApartKeysWithTheSameDigest) {
+  CParam node = Named({u"aXb", u"ayb", u"a", u"b", u"ab", u"Param3x"});
+  const std::pair<const char16_t*, const char16_t*> cases[] = {
+      {u"axb", u"aXb"}, {u"AYB", u"ayb"}, {u"a", u"a"},  {u"B", u"b"},
+      {u"ab", u"ab"},   {u"param3x", u"Param3x"},        {u"azb", nullptr},
+      {u"abb", nullptr}, {u"", nullptr},                  {u"c", nullptr},
+  };
+  for (const auto& [name, value] : cases) {
+    const CParam* child = std::as_const(node).GetChildByName(name);
+    if (value == nullptr) {
+      EXPECT_EQ(child, nullptr) << WideToUtf8(name);
+    } else {
+      ASSERT_NE(child, nullptr) << WideToUtf8(name);
+      EXPECT_EQ(child->GetValue(), value);
+    }
+  }
 }
 
 TEST(ParamAutomaticNames, DrawFromOneCounterAndSkipTakenKeys) {
