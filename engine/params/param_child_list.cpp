@@ -41,10 +41,14 @@ CParam* CParamChildList::FindKey(WStringView key) {
   const CKeyLookup lookup(key);
   if (live_ > kLinearScanLimit) return Index().Find(lookup);
   Normalize();
-  for (CParam* node : slots_) {
-    if (node->HasKey(lookup)) return node;
+  for (std::size_t slot = 0; slot < slots_.size(); ++slot) {
+    if (MayHaveKey(slot, lookup) && slots_[slot]->HasKey(lookup)) return slots_[slot];
   }
   return nullptr;
+}
+
+std::uint16_t CParamChildList::TagOf(const CParam& node) {
+  return node.automaticNumber_ != 0 ? kAutomaticTag : node.keyTag_;
 }
 
 // Names of that form are rare, so the lookup is seldom needed.
@@ -64,6 +68,7 @@ CParam* CParamChildList::At(std::size_t position) {
 void CParamChildList::Take(CParam* node, std::size_t slot) {
   node->container_ = this;
   node->index_ = std::int32_t(slot);
+  if (slot < kLinearScanLimit) tags_[slot] = TagOf(*node);
   ++live_;
   if (IsNamedWithAutomaticKey(*node)) ++namedWithAutomaticKeys_;
   if (index_) index_->Insert(node);
@@ -89,14 +94,18 @@ void CParamChildList::Remove(CParam* node) {
   slots_[slot] = nullptr;
   --live_;
   if (IsNamedWithAutomaticKey(*node)) --namedWithAutomaticKeys_;
-  firstGap_ = std::min(firstGap_, slot);
+  firstGap_ = std::min(firstGap_, std::uint32_t(slot));
   if (index_) index_->Erase(node);
   node->container_ = nullptr;
   delete node;
 }
 
+// Moves the tags along with the nodes.
 void CParamChildList::Renumber(std::size_t from) {
-  for (std::size_t i = from; i < slots_.size(); ++i) slots_[i]->index_ = std::int32_t(i);
+  for (std::size_t i = from; i < slots_.size(); ++i) {
+    slots_[i]->index_ = std::int32_t(i);
+    if (i < kLinearScanLimit) tags_[i] = TagOf(*slots_[i]);
+  }
 }
 
 void CParamChildList::Normalize() {

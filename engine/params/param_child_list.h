@@ -13,10 +13,14 @@
 // run of removals by name costs O(1) each and one O(n) pass at the end.
 //
 // Keys are looked up by scanning while the list is short, and through a hash
-// index (built on first need) once it holds more than kLinearScanLimit.
+// index (built on first need) once it holds more than kLinearScanLimit. The
+// list keeps a 16-bit tag beside each of its first kLinearScanLimit slots (the
+// key's digest, or one tag for every automatic name), so a scan reaches
+// only the nodes whose tag fits, not every sibling.
 #pragma once
 
 #include <cstddef>
+#include <array>
 #include <cstdint>
 #include <limits>
 #include <memory>
@@ -81,21 +85,32 @@ class CParamChildList final {
   static void Release(CParamChildList* list, const CParam* holder);
 
  private:
-  static constexpr std::size_t kClean = std::numeric_limits<std::size_t>::max();
+  static constexpr std::uint32_t kClean = std::numeric_limits<std::uint32_t>::max();
   static constexpr std::size_t kFirstCapacity = 4;
+  // The tag of every automatic name: a lookup of a key of that form checks
+  // these slots as well as those whose digest fits.
+  static constexpr std::uint16_t kAutomaticTag = 0xFFFF;
+
+  static std::uint16_t TagOf(const CParam& node);
+  bool MayHaveKey(std::size_t slot, const CKeyLookup& lookup) const {
+    return tags_[slot] == lookup.tag || (tags_[slot] == kAutomaticTag && lookup.automaticNumber != 0);
+  }
 
   void Take(CParam* node, std::size_t slot);
   static bool IsNamedWithAutomaticKey(const CParam& node);
   void Renumber(std::size_t from);
   CParamKeyIndex& Index();
 
+  // Counts and positions fit 32 bits: a position is an int32 (CParam::index_),
+  // and every share of a list is held by a node.
   std::vector<CParam*> slots_;  // owning; null for a removed child not yet compacted
-  std::size_t live_ = 0;
-  std::size_t firstGap_ = kClean;
-  std::size_t namedWithAutomaticKeys_ = 0;  // children given a name like "Param17"
   std::unique_ptr<CParamKeyIndex> index_;
   CParam* owner_ = nullptr;
-  std::size_t refs_ = 1;
+  std::uint32_t live_ = 0;
+  std::uint32_t firstGap_ = kClean;
+  std::uint32_t namedWithAutomaticKeys_ = 0;  // children given a name like "Param17"
+  std::uint32_t refs_ = 1;
+  std::array<std::uint16_t, kLinearScanLimit> tags_{};  // TagOf the first slots' nodes
 };
 
 }  // namespace NScrivolt

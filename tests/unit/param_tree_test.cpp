@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <limits>
 #include <utility>
 
@@ -55,6 +56,32 @@ TEST(ParamNames, ShortListsTellApartKeysWithTheSameDigest) {
       EXPECT_EQ(child->GetValue(), value);
     }
   }
+}
+
+// Every child of a short list, named or numbered, is found by its key after
+// each change that moves children between positions.
+TEST(ParamNames, ShortListsFindEveryKeyAfterChildrenMove) {
+  const std::pair<const char*, std::function<void(CParam&)>> steps[] = {
+      {"append numbered", [](CParam& node) { node.AppendNumbered()->SetValue(u"n"); }},
+      {"insert numbered first", [](CParam& node) { node.GetChild(Ref(u"#1")[0], true); }},
+      {"delete a named one", [](CParam& node) { node.DeleteParam(Ref(u"b")); }},
+      {"delete the first", [](CParam& node) { node.DeleteParam(Ref(u"#1")); }},
+      {"sort by value, descending", [](CParam& node) { node.SortChildren(ParamOrder::ByValue, true); }},
+      {"sort by name", [](CParam& node) { node.SortChildren(ParamOrder::ByName, false); }},
+      {"add a named one", [](CParam& node) { node.GetChildByName(u"zz", true)->SetValue(u"zz"); }},
+  };
+  CParam node = Named({u"a", u"b", u"Param1x", u"cc"});
+  node.AppendNumbered()->SetValue(u"m");
+  for (const auto& [what, step] : steps) {
+    step(node);
+    for (const CParam* child : std::as_const(node).ListChildren()) {
+      const CParam* found = std::as_const(node).GetChildByName(child->GetId().name);
+      EXPECT_EQ(found, child) << what << ": " << WideToUtf8(child->GetId().name);
+    }
+    EXPECT_EQ(std::as_const(node).GetChildByName(u"b") != nullptr, Children(node).find("b=b") != std::string::npos)
+        << what;
+  }
+  EXPECT_EQ(std::as_const(node).GetChildByName(u"b"), nullptr);
 }
 
 TEST(ParamAutomaticNames, DrawFromOneCounterAndSkipTakenKeys) {
