@@ -18,30 +18,32 @@ namespace {
 
 // --- decoding ------------------------------------------------------------------
 
-CParamId NamedId(WStringView name) {
+CParamIdShare NamedId(WStringView name) {
   CParamId id;
   id.numbered = false;
   id.name = WString(name);
   id.key = ToLowerAscii(name);
-  return id;
+  return CParamIdShare::Make(std::move(id));
 }
 
-// The names of a decoded element's parts, spelled once for all elements.
-const CParamId& NameId() {
-  static const CParamId id = NamedId(u"Name");
-  return id;
+// The names of a decoded element's parts, spelled once and shared by the
+// nodes of all elements. Never destroyed: decoded trees may be left alive
+// to the end of the process.
+const CParamIdShare& NameId() {
+  static const auto* id = new CParamIdShare(NamedId(u"Name"));
+  return *id;
 }
-const CParamId& ValueId() {
-  static const CParamId id = NamedId(u"Value");
-  return id;
+const CParamIdShare& ValueId() {
+  static const auto* id = new CParamIdShare(NamedId(u"Value"));
+  return *id;
 }
-const CParamId& AttributesId() {
-  static const CParamId id = NamedId(u"Attibutes");
-  return id;
+const CParamIdShare& AttributesId() {
+  static const auto* id = new CParamIdShare(NamedId(u"Attibutes"));
+  return *id;
 }
-const CParamId& SubTagsId() {
-  static const CParamId id = NamedId(u"SubTags");
-  return id;
+const CParamIdShare& SubTagsId() {
+  static const auto* id = new CParamIdShare(NamedId(u"SubTags"));
+  return *id;
 }
 
 // Builds the parameters of a document while it is read: each element a node

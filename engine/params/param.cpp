@@ -25,7 +25,7 @@ void CParam::operator delete(void* node) { NodePool().Free(node); }
 
 CParam::CParam(const CParam& other)
     : value_(other.value_),
-      id_(other.automaticNumber_ == 0 && other.id_ != nullptr ? std::make_unique<CParamId>(*other.id_) : nullptr),
+      id_(other.automaticNumber_ == 0 ? other.id_ : CParamIdShare()),
       automaticNumber_(other.automaticNumber_),
       index_(other.IndexAsKept()),
       numbered_(other.numbered_),
@@ -39,8 +39,10 @@ CParam::CParam(const CParam& other)
 CParam::CParam(CParamId&& id) : index_(id.index), numbered_(id.numbered) {
   if (id.numbered) return;
   keyTag_ = KeyTag(id.key);
-  id_ = std::make_unique<CParamId>(std::move(id));
+  id_ = CParamIdShare::Make(std::move(id));
 }
+
+CParam::CParam(const CParamIdShare& id) : id_(id), index_(id->index), numbered_(false), keyTag_(KeyTag(id->key)) {}
 
 CParam::~CParam() { CParamChildList::Release(children_, this); }
 
@@ -51,9 +53,12 @@ std::int32_t CParam::IndexAsKept() const {
   return index_;
 }
 
+// An id shared with other nodes is never changed: the node takes a copy of
+// its own before it writes its position into it.
 const CParamId& CParam::GetId() const {
   const std::int32_t index = IndexAsKept();
-  if (id_ == nullptr) id_ = std::make_unique<CParamId>();
+  if (!id_) id_ = CParamIdShare::Make();
+  if (id_.UseCount() > 1) id_ = CParamIdShare::Make(*id_);
   if (automaticNumber_ != 0 && id_->key.empty()) {
     id_->name = AutomaticName(automaticNumber_);
     id_->key = AutomaticKey(automaticNumber_);
@@ -110,7 +115,7 @@ CParamChildList* CParam::TakeChildren() {
 // No other automatic name can have the new number, but a sibling given a
 // name of that form can.
 void CParam::NameAutomatically(CParamChildList& siblings) {
-  id_.reset();
+  id_.Reset();
   do {
     automaticNumber_ = NextAutomaticNumber();
   } while (siblings.HasNamedChildWithAutomaticKey(automaticNumber_));
@@ -127,6 +132,14 @@ CParam* CParam::AppendNumbered() {
 CParam* CParam::AppendNamed(CParamId&& id) {
   CParamChildList& list = OwnOrCreateChildren();
   auto node = std::unique_ptr<CParam>(new CParam(std::move(id)));
+  list.Append(node.get());
+  return node.release();
+}
+
+CParam* CParam::AddChild(const CParamIdShare& id) {
+  CParamChildList& list = OwnOrCreateChildren();
+  auto node = std::unique_ptr<CParam>(new CParam(id));
+  if (list.FindKey(id->key) != nullptr) node->NameAutomatically(list);
   list.Append(node.get());
   return node.release();
 }

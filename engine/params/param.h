@@ -112,6 +112,11 @@ class CParam final {
 
   // A new last child: numbered, automatically named, empty.
   CParam* AppendNumbered();
+  // A new named child that shares `id` (a name, its key and no number) with
+  // every other node made from it, so that a decoder making a million nodes
+  // of a few names holds each name once. Automatically named when the key is
+  // taken already.
+  CParam* AddChild(const CParamIdShare& id);
   // A new child described by `id`. Numbered: inserted at id.index (negative
   // counts from the end, then clamped into 0..Count()), automatically named.
   // Named: appended; automatically named when the key is taken already.
@@ -163,6 +168,7 @@ class CParam final {
   friend class CParamKeyIndex;
 
   explicit CParam(CParamId&& id);
+  explicit CParam(const CParamIdShare& id);
 
   // This node's list, made its own first (cloned if shared); null when the
   // node has never had children.
@@ -176,7 +182,7 @@ class CParam final {
   // The position among the siblings, up to date.
   std::int32_t IndexAsKept() const;
   // The key of a node given a name; empty for an automatic name.
-  WStringView GivenKey() const { return id_ != nullptr ? WStringView(id_->key) : WStringView(); }
+  WStringView GivenKey() const { return id_ ? WStringView(id_->key) : WStringView(); }
   // In line: lookups in short lists call it for every child.
   bool HasKey(const CKeyLookup& lookup) const {
     if (automaticNumber_ != 0) return automaticNumber_ == lookup.automaticNumber;
@@ -194,10 +200,11 @@ class CParam final {
   void SeparatePathTo(const CParam& descendant, const CParam& source);
 
   WString value_;
-  // Name and key of a node given a name. Null for an automatic name until
-  // GetId writes it out, which also brings the copies of index_ and
-  // numbered_ in it up to date.
-  mutable std::unique_ptr<CParamId> id_;
+  // Name and key of a node given a name, shared with the node's copies and
+  // the nodes a decoder made of the same name. Empty for an automatic name
+  // until GetId writes it out, which also brings the copies of index_ and
+  // numbered_ in it up to date (in an id of the node's own).
+  mutable CParamIdShare id_;
   std::uint64_t automaticNumber_ = 0;  // of an automatic name; 0 for a name given
   std::int32_t index_ = 0;             // position among the siblings (see CParamChildList)
   bool numbered_ = true;               // made by number

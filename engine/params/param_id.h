@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "engine/ref_counter.h"
 #include "text/base/wide_string.h"
 
 namespace NScrivolt {
@@ -22,6 +23,9 @@ struct CParamId {
   // The name with A-Z lower-cased: what lookups compare.
   WString key;
 };
+
+// An id held by several nodes at once; see CParam::AddChild.
+using CParamIdShare = CRefCounter<CParamId*>;
 
 // A reference such as "Customer.Lines.#2" as the list of its components,
 // walked from a node by CParam::FindParam.

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <utility>
+#include <vector>
 
 #include "unit/param_test_util.h"
 
@@ -96,6 +98,53 @@ TEST(ParamSharing, CopiesOfCopies) {
   EXPECT_EQ(third.Root().FindParam(Ref(u"a.b.c"))->Count(), 2u);
   first.reset();
   EXPECT_EQ(third.Root().FindParam(Ref(u"a.b.c.#2"))->GetValue(), u"3");
+}
+
+}  // namespace
+}  // namespace NScrivolt
+
+namespace NScrivolt {
+namespace {
+
+CParamIdShare SharedName(const char16_t* name, const char16_t* key) {
+  CParamId id;
+  id.numbered = false;
+  id.name = name;
+  id.key = key;
+  return CParamIdShare::Make(std::move(id));
+}
+
+// Nodes made from one shared name each report their own position, a copy
+// of one keeps it, and the shared name itself never takes a position; a
+// key already taken gives the new child an automatic name, as AddChild by
+// id does.
+TEST(ParamSharing, ChildrenOfOneSharedNameKeepTheirOwnPositions) {
+  const CParamIdShare value = SharedName(u"Value", u"value");
+  CParam parent;
+  const int othersBefore[] = {0, 3, 1, 9};
+  std::vector<CParam*> made;
+  for (int others : othersBefore) {
+    CParam* holder = parent.AppendNumbered();
+    for (int i = 0; i < others; ++i) holder->AppendNumbered();
+    made.push_back(holder->AddChild(value));
+    made.back()->SetValueNumber(others);
+  }
+  for (std::size_t i = 0; i < made.size(); ++i) {
+    const CParamId& id = made[i]->GetId();
+    EXPECT_EQ(id.name, u"Value");
+    EXPECT_FALSE(id.numbered);
+    EXPECT_EQ(id.index, othersBefore[i]);
+    const CParam* found = std::as_const(parent).FindParam(Ref(u"#" + IntegerToText(int(i) + 1) + u".VALUE"));
+    EXPECT_EQ(found, made[i]);
+  }
+  CParam copy(*made[1]);
+  EXPECT_EQ(copy.GetId().index, 3);
+  EXPECT_EQ(value->index, 0);
+  EXPECT_FALSE(value->numbered);
+
+  CParam* again = parent.GetByNumber(0)->AddChild(value);
+  EXPECT_TRUE(again->HasAutomaticName());
+  EXPECT_EQ(std::as_const(parent).FindParam(Ref(u"#1.value"))->GetValue(), u"0");
 }
 
 }  // namespace
