@@ -3,6 +3,7 @@
 #include <utility>
 #include <vector>
 
+#include "engine/codecs/shared_names.h"
 #include "text/error_text.h"
 #include "text/text.h"
 
@@ -187,17 +188,19 @@ class CJsonReader {
   }
 
   // member = string ws ":" ws value
-  // The parameter for the member; a key seen before in this object gives
-  // its parameter again, emptied.
+  // The parameter for the member, named with the id that every member of
+  // that name shares; a key seen before in this object gives its parameter
+  // again, emptied.
   CParam* ReadMemberName(CParam& object) {
     WString key;
     if (!ReadString(key)) return nullptr;
     SkipSpace();
     if (!Peek(u':')) return nullptr;
     ++at_;
-    const std::size_t before = object.Count();
-    CParam* member = object.GetChildByName(key, true);
-    if (object.Count() == before) member->Clear();
+    const CParamIdShare id = names_.For(key);
+    CParam* member = object.GetChildByName(id->key);
+    if (member == nullptr) return object.AddChild(id);
+    member->Clear();
     return member;
   }
 
@@ -256,6 +259,7 @@ class CJsonReader {
   WStringView text_;
   std::size_t at_ = 0;
   std::vector<OpenCollection> open_;
+  CSharedNames names_;
 };
 
 // Line and column, both 1-based, of the character at `offset`. CR LF, LF
@@ -361,7 +365,7 @@ bool ContinueFrame(WString& out, std::vector<WriteFrame>& frames) {
   AppendLineBreak(out, frame.depth);
   const CParam& child = *frame.children[frame.next++];
   if (frame.isObject) {
-    AppendQuoted(out, child.GetId().name);
+    AppendQuoted(out, child.GetName());
     out += u": ";
   }
   return StartValue(child, frame.depth, out, frames);

@@ -104,6 +104,10 @@ class CParam final {
   // The number in plain decimal, "-" before negatives.
   void SetValueNumber(std::int32_t value);
   const CParamId& GetId() const;
+  // The display name and the key alone; unlike GetId, they leave an id
+  // shared with other nodes shared. Valid while the node keeps its name.
+  WStringView GetName() const { return automaticNumber_ != 0 || !id_ ? WStringView(GetId().name) : id_->name; }
+  WStringView GetKey() const { return automaticNumber_ != 0 || !id_ ? WStringView(GetId().key) : id_->key; }
   // True for a child made by number, and for one whose name was taken.
   bool HasAutomaticName() const { return automaticNumber_ != 0; }
   std::size_t Count() const;

@@ -91,7 +91,7 @@ void SortBy(std::vector<CParam*>& nodes, WStringView (*textOf)(const CParam&)) {
 }
 
 // Keys are lower case already, so folding leaves their order by code unit.
-WStringView KeyOf(const CParam& node) { return node.GetId().key; }
+WStringView KeyOf(const CParam& node) { return node.GetKey(); }
 WStringView ValueOf(const CParam& node) { return node.GetValue(); }
 
 }  // namespace
