@@ -94,10 +94,18 @@ WString EncodeUrlParams(const CParam& source) {
 
 void DecodeCsvLine(WStringView text, CParam& target) { DecodeCsvRecord(CCsvFieldScanner(text), 0, target); }
 
+// Records mostly have as many fields as the one before them: each gets room
+// for that many at once.
 void DecodeCsvLines(WStringView text, CParam& target) {
   const CCsvFieldScanner scanner(text);
   std::size_t at = 0;
-  while (at < text.size()) at = SkipLineBreak(text, DecodeCsvRecord(scanner, at, *target.AppendNumbered()));
+  std::size_t fields = 0;
+  while (at < text.size()) {
+    CParam& record = *target.AppendNumbered();
+    if (fields != 0) record.ReserveChildren(fields);
+    at = SkipLineBreak(text, DecodeCsvRecord(scanner, at, record));
+    fields = record.Count();
+  }
 }
 
 WString EncodeCsvLine(const CParam& source) { return JoinFields(source, CsvFieldEncode, u","); }

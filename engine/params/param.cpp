@@ -129,6 +129,8 @@ CParam* CParam::AppendNumbered() {
   return node.release();
 }
 
+void CParam::ReserveChildren(std::size_t count) { OwnOrCreateChildren().Reserve(count); }
+
 CParam* CParam::AppendNamed(CParamId&& id) {
   CParamChildList& list = OwnOrCreateChildren();
   auto node = std::unique_ptr<CParam>(new CParam(std::move(id)));

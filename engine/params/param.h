@@ -116,6 +116,9 @@ class CParam final {
 
   // A new last child: numbered, automatically named, empty.
   CParam* AppendNumbered();
+  // Makes room for `count` children in all, so that a builder that knows
+  // how many children are coming spares the list its growth steps.
+  void ReserveChildren(std::size_t count);
   // A new named child that shares `id` (a name, its key and no number) with
   // every other node made from it, so that a decoder making a million nodes
   // of a few names holds each name once. Automatically named when the key is

@@ -54,6 +54,8 @@ class CParamChildList final {
   bool HasNamedChildWithAutomaticKey(std::uint64_t number);
   // The child at a 0-based position below Count().
   CParam* At(std::size_t position);
+  // Makes room for `count` slots in all.
+  void Reserve(std::size_t count) { slots_.reserve(count); }
   // Appends a new node at the end; the list takes ownership.
   void Append(CParam* node);
   // Inserts a new node at a position no greater than Count().
