@@ -54,20 +54,34 @@ WString CStringContentSource::Read(WString& text) {
 CFileContentDest::CFileContentDest(WString path, EncodingType type, bool isExplicit, bool setOutFile)
     : path_(std::move(path)), setOutFile_(setOutFile), type_(type), explicit_(isExplicit) {}
 
+// A new processing starts: bytes kept for one that failed are dropped.
 void CFileContentDest::Prepare() {
+  encoded_.reset();
   if (setOutFile_) record_->outFile = path_;
 }
 
+EncodingInfo CFileContentDest::Encoding() const {
+  if (!explicit_) return record_->encoding;
+  EncodingInfo encoding;
+  encoding.type = type_;
+  encoding.bom = true;
+  return encoding;
+}
+
+CEncodedOutput* CFileContentDest::EncodedOutput() {
+  encoded_ = std::make_unique<CEncodedOutput>(Encoding().type);
+  return encoded_.get();
+}
+
 WString CFileContentDest::Write(WString text) {
-  EncodingInfo encoding = record_->encoding;
-  if (explicit_) {
-    encoding = EncodingInfo{};
-    encoding.type = type_;
-    encoding.bom = true;
-  }
   WString errorText;
   const WString resolved = ResolveFilePath(path_, BaseFolder(*context_));
-  WriteTextFile(resolved, text, encoding, explicit_, errorText);
+  if (encoded_ != nullptr) {
+    WriteEncodedTextFile(resolved, *encoded_, std::move(text), Encoding(), explicit_, errorText);
+    encoded_.reset();
+  } else {
+    WriteTextFile(resolved, text, Encoding(), explicit_, errorText);
+  }
   return errorText;
 }
 

@@ -4,7 +4,10 @@
 // reads the source once and, when nothing failed, writes the destination once.
 #pragma once
 
+#include <memory>
+
 #include "engine/file_record.h"
+#include "text/encoded_output.h"
 #include "text/encoding.h"
 #include "text/base/wide_string.h"
 
@@ -80,7 +83,11 @@ class CStringContentSource : public CContentSource {
 class CContentDest : public CContent {
  public:
   // Writes the whole produced text; returns the error text (empty on success).
+  // When EncodedOutput gave a keeper, `text` is what was not handed to it.
   virtual WString Write(WString text) = 0;
+  // A keeper for the output as encoded bytes, when this destination writes
+  // them; null when it takes the text whole. Asked once the source was read.
+  virtual CEncodedOutput* EncodedOutput() { return nullptr; }
 };
 
 class CFileContentDest : public CContentDest {
@@ -88,12 +95,16 @@ class CFileContentDest : public CContentDest {
   CFileContentDest() = default;
   CFileContentDest(WString path, EncodingType type, bool isExplicit, bool setOutFile);
   WString Write(WString text) override;
+  CEncodedOutput* EncodedOutput() override;
 
  protected:
   void Prepare() override;
 
  private:
+  EncodingInfo Encoding() const;
+
   WString path_;  // as given, resolved only when written
+  std::unique_ptr<CEncodedOutput> encoded_;  // of the processing under way
   bool setOutFile_ = false;
   EncodingType type_ = EncodingType::Ascii;
   bool explicit_ = false;

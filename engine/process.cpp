@@ -64,6 +64,38 @@ class CStateKeeper {
   WString kept_[std::size(kRunParams)];
 };
 
+// Routes a processing's output to the keeper of its destination's encoded
+// bytes for as long as the processing runs, and gives the enclosing
+// processing its own back afterwards.
+class COutputEncoding {
+ public:
+  COutputEncoding(CProcessContext& context, WString& output, CEncodedOutput* encoded)
+      : context_(context), target_(context.encodedTarget), encoded_(context.encodedOutput) {
+    context.encodedTarget = encoded != nullptr ? &output : nullptr;
+    context.encodedOutput = encoded;
+  }
+  COutputEncoding(const COutputEncoding&) = delete;
+  COutputEncoding& operator=(const COutputEncoding&) = delete;
+  ~COutputEncoding() {
+    context_.encodedTarget = target_;
+    context_.encodedOutput = encoded_;
+  }
+
+ private:
+  CProcessContext& context_;
+  WString* target_;
+  CEncodedOutput* encoded_;
+};
+
+// Hands a large output of the processing to its encoded keeper. Called
+// between the parts of every evaluation; only the processing's own output
+// is handed on, never a text that a call builds for itself.
+void HandOnOutput(CProcessContext& context, WString& output) {
+  if (&output == context.encodedTarget && output.size() >= CEncodedOutput::kTakeUnits) {
+    context.encodedOutput->Take(output);
+  }
+}
+
 // A template that is one text without escapes is its own output: its text is
 // handed on instead of being copied, which spares a large text-only template
 // a second copy of itself. Like any evaluation it takes a nesting level.
@@ -110,6 +142,7 @@ WString Process(CProcessContext& context, CContentSource& source, CContentDest& 
   WString errorText = source.Read(text);
   if (!errorText.empty()) return errorText;
   WString output;
+  COutputEncoding encoding(context, output, evaluation == Evaluation::Evaluate ? destination.EncodedOutput() : nullptr);
   if (evaluation == Evaluation::Evaluate) {
     errorText = EvaluateTemplate(context, record, std::move(text), isolation == Isolation::Isolated, output);
   } else {
@@ -125,6 +158,7 @@ WString EvaluateParts(const CParsePart& part, CProcessContext& context, WString&
   for (const CParsePartRef& child : part.Children()) {
     if (child->Kind() == PartKind::Text) {
       AppendUnescapedText(output, child->Value());
+      HandOnOutput(context, output);
       continue;
     }
     std::shared_ptr<CFunction> function;
@@ -137,6 +171,7 @@ WString EvaluateParts(const CParsePart& part, CProcessContext& context, WString&
       AddErrorAt(errorText, MsgErrorProcessingFunction, *child, {{u"[FUNC]", child->Name()}});
       break;
     }
+    HandOnOutput(context, output);
   }
   LeaveNesting(context);
   return errorText;

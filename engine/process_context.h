@@ -9,6 +9,7 @@
 #include "engine/params/param.h"
 #include "engine/user_functions.h"
 #include "text/base/wide_string.h"
+#include "text/encoded_output.h"
 
 namespace NScrivolt {
 
@@ -48,6 +49,11 @@ class CProcessContext {
   int nestingDepth = 0;
   // The innermost record is the last one; the base record is always first.
   std::vector<CFileRecord*> records;
+  // The output of the innermost processing when its destination keeps it
+  // encoded: EvaluateParts hands that text to `encodedOutput` whenever it
+  // has grown large. Both null while the output is kept whole.
+  WString* encodedTarget = nullptr;
+  CEncodedOutput* encodedOutput = nullptr;
 
   CParam& Root() { return parameters.Root(); }
   const CParam& Root() const { return parameters.Root(); }

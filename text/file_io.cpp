@@ -165,4 +165,22 @@ bool WriteTextFile(const WString& path, WStringView text, const EncodingInfo& en
   return true;
 }
 
+// Bytes encoded exactly are written as they are; anything else takes the
+// way of WriteTextFile over the whole text, so the file and the errors are
+// what they would have been.
+bool WriteEncodedTextFile(const WString& path, CEncodedOutput& encoded, WString rest, const EncodingInfo& encoding,
+                          bool isExplicit, WString& errorText) {
+  if (encoded.Empty()) return WriteTextFile(path, rest, encoding, isExplicit, errorText);
+  encoded.Take(rest);
+  if (!encoded.Exact() || !rest.empty()) {
+    return WriteTextFile(path, encoded.Restore(rest), encoding, isExplicit, errorText);
+  }
+  Platform::CFileReplacement file;
+  bool written = file.Open(path) && (!encoding.bom || file.Write(ByteOrderMark(encoding.type)));
+  for (const std::string& block : encoded.Blocks()) written = written && file.Write(block);
+  written = written && file.Commit();
+  if (!written) AddFileError(errorText, MsgCannotWriteFile, path);
+  return written;
+}
+
 }  // namespace NScrivolt

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 
+#include "text/encoded_output.h"
 #include "text/encoding.h"
 #include "text/base/wide_string.h"
 
@@ -37,5 +38,10 @@ bool ReadTextFile(const WString& path, WString& text, bool skipIfMissing, Encodi
 // error when isExplicit; otherwise the file is written as UTF-8 with a mark.
 bool WriteTextFile(const WString& path, WStringView text, const EncodingInfo& encoding, bool isExplicit,
                    WString& errorText);
+
+// WriteTextFile for a text whose start `encoded` holds, encoded as
+// encoding.type, and whose end is `rest`: the same file, the same errors.
+bool WriteEncodedTextFile(const WString& path, CEncodedOutput& encoded, WString rest, const EncodingInfo& encoding,
+                          bool isExplicit, WString& errorText);
 
 }  // namespace NScrivolt

@@ -1,7 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "engine/content_stream.h"
 #include "engine/process.h"
+#include "text/base/utf8.h"
 #include "scratch_folder.h"
 #include "template_runner.h"
 
@@ -101,6 +104,36 @@ class FileProcess : public ::testing::Test {
 TEST_F(FileProcess, AMissingInputIsReportedWithItsFullPath) {
   const WString missing = folder_.Path("missing.txt");
   EXPECT_EQ(Run(missing, folder_.Path("out.txt")), u"\r\n- Cannot read from file \"" + missing + u"\"");
+}
+
+// Outputs far larger than the part that is kept as text at a time, with
+// processings nested inside: the file holds exactly the text produced; a
+// failure after much of it was produced leaves the old file as it was.
+TEST_F(FileProcess, ALargeOutputIsWrittenWholeOrNotAtAll) {
+  const WString loop = u"<# for value: \"i\" from: \"1\" to: \"20000\" do: (#>line <# use param: \"i\" #> \u00e9 \U0001F600\r\n<#) #>";
+  std::string lines;
+  for (int i = 1; i <= 20000; ++i) lines += "line " + std::to_string(i) + " \xC3\xA9 \xF0\x9F\x98\x80\r\n";
+  const struct {
+    WString tail;
+    std::string expected;  // empty: the run fails
+  } cases[] = {
+      {u"", lines},
+      {u"<# process content: \"inner text\" #>" + loop + u"end", lines + "inner text" + lines + "end"},
+      {u"<# error text: \"stop\" #>", ""},
+  };
+  for (const auto& c : cases) {
+    folder_.Put("in.txt", "\xEF\xBB\xBF" + WideToUtf8(loop + c.tail));
+    folder_.Put("out.txt", "old");
+    const WString errorText = Run(folder_.Path("in.txt"), folder_.Path("out.txt"));
+    if (c.expected.empty()) {
+      EXPECT_NE(errorText, u"");
+      EXPECT_EQ(folder_.Get("out.txt"), "old");
+    } else {
+      EXPECT_EQ(errorText, u"");
+      const std::string written = folder_.Get("out.txt");
+      EXPECT_TRUE(written == "\xEF\xBB\xBF" + c.expected) << written.size() << " bytes, not " << c.expected.size() + 3;
+    }
+  }
 }
 
 TEST(ProcessWithoutEvaluation, CopiesTheTextUnchanged) {

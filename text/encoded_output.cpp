@@ -1,0 +1,50 @@
+#include "text/encoded_output.h"
+
+namespace NScrivolt {
+
+namespace {
+
+bool IsHighSurrogate(WChar unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
+
+// Every code page holds the characters below 0x80 as themselves.
+bool IsAscii(WStringView text) {
+  WChar any = 0;
+  for (WChar unit : text) any |= unit;
+  return any < 0x80;
+}
+
+}  // namespace
+
+// Text in the ANSI code page may come out as a look-alike without being
+// reported: a piece beyond ASCII must decode back to itself to count as
+// exact.
+bool CEncodedOutput::EncodesExactly(WStringView piece, std::string& bytes) const {
+  bool usedDefaultChar = false;
+  if (!AppendEncoded(piece, type_, bytes, usedDefaultChar) || usedDefaultChar) return false;
+  if (type_ != EncodingType::Ascii || IsAscii(piece)) return true;
+  WString back;
+  return AppendDecoded(bytes, type_, back) && back == piece;
+}
+
+void CEncodedOutput::Take(WString& text) {
+  if (!exact_) return;
+  std::size_t whole = text.size();
+  if (whole > 0 && IsHighSurrogate(text[whole - 1])) --whole;
+  if (whole == 0) return;
+  std::string bytes;
+  if (!EncodesExactly(WStringView(text).substr(0, whole), bytes)) {
+    exact_ = false;
+    return;
+  }
+  blocks_.push_back(std::move(bytes));
+  text.erase(0, whole);
+}
+
+WString CEncodedOutput::Restore(WStringView rest) const {
+  WString text;
+  for (const std::string& block : blocks_) AppendDecoded(block, type_, text);
+  text.append(rest);
+  return text;
+}
+
+}  // namespace NScrivolt
