@@ -17,6 +17,11 @@ namespace {
 class CPoolCheck {
  public:
   explicit CPoolCheck(std::size_t slotBytes) : pool_(slotBytes), bytes_(slotBytes) {}
+  CPoolCheck(const CPoolCheck&) = delete;
+  CPoolCheck& operator=(const CPoolCheck&) = delete;
+  ~CPoolCheck() {
+    for (const CLive& live : live_) pool_.Free(live.slot);
+  }
 
   void Allocate(std::size_t count) {
     for (std::size_t i = 0; i < count; ++i) {
