@@ -11,13 +11,13 @@ namespace NScrivolt {
 
 namespace {
 
-SwitchResult Consumed(unsigned options) { return {true, options, WString()}; }
+SwitchResult Consumed(unsigned options) { return {true, options, CErrorText()}; }
 
 }  // namespace
 
 SwitchResult CCmdLineProcessor::Fail(WString message) {
   AddFeedback(message, true);
-  return {false, 0, std::move(message)};
+  return {false, 0, CErrorText(std::move(message))};
 }
 
 SwitchResult CCmdLineProcessor::FailFor(MessageId messageId, const CSwitchOptions& options) {
@@ -117,7 +117,7 @@ SwitchResult CCmdLineProcessor::SetFile(const CSwitchOptions& options, WString& 
 // "/commandfile" FILE
 SwitchResult CCmdLineProcessor::RunCommandFile(const CSwitchOptions& options) {
   if (!options.Has(0)) return FailFor(MsgCommandFileNotSpecified, options);
-  WString errorText;
+  CErrorText errorText;
   if (ProcessCommandFile(options.Text(0), errorText)) return Consumed(1);
   // The message that stopped the file is in the feedback already.
   return {false, 1, std::move(errorText)};
@@ -169,7 +169,7 @@ SwitchResult CCmdLineProcessor::SetEncoding(const CSwitchOptions& options, CEnco
 
 // "/go"
 SwitchResult CCmdLineProcessor::Go() {
-  WString errorLine = ProcessPairReport();
+  CErrorText errorLine = ProcessPairReport();
   if (errorLine.empty()) return Consumed(0);
   return {false, 0, std::move(errorLine)};
 }

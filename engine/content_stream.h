@@ -7,6 +7,7 @@
 #include "engine/file_record.h"
 #include "text/encoding.h"
 #include "text/base/wide_string.h"
+#include "text/error_text.h"
 
 namespace NScrivolt {
 
@@ -30,7 +31,7 @@ class CContent {
 class CContentSource : public CContent {
  public:
   // Reads the whole text; returns the error text (empty on success).
-  virtual WString Read(WString& text) = 0;
+  virtual CErrorText Read(WString& text) = 0;
 
   // A template read from a file is evaluated in that file's folder; a text
   // from memory stays in the folder of the template that produced it.
@@ -50,7 +51,7 @@ class CFileContentSource : public CContentSource {
  public:
   CFileContentSource() = default;
   CFileContentSource(WString path, EncodingType type, bool isExplicit, MissingFile missingFile, InFileParam inFile);
-  WString Read(WString& text) override;
+  CErrorText Read(WString& text) override;
   bool IsFile() const override { return true; }
 
  protected:
@@ -68,7 +69,7 @@ class CStringContentSource : public CContentSource {
  public:
   CStringContentSource() = default;
   explicit CStringContentSource(WString text);
-  WString Read(WString& text) override;
+  CErrorText Read(WString& text) override;
 
  protected:
   void Prepare() override;
@@ -80,14 +81,14 @@ class CStringContentSource : public CContentSource {
 class CContentDest : public CContent {
  public:
   // Writes the whole produced text; returns the error text (empty on success).
-  virtual WString Write(WString text) = 0;
+  virtual CErrorText Write(WString text) = 0;
 };
 
 class CFileContentDest : public CContentDest {
  public:
   CFileContentDest() = default;
   CFileContentDest(WString path, EncodingType type, bool isExplicit, bool setOutFile);
-  WString Write(WString text) override;
+  CErrorText Write(WString text) override;
 
  protected:
   void Prepare() override;
@@ -103,7 +104,7 @@ class CStringContentDest : public CContentDest {
  public:
   CStringContentDest() = default;
   explicit CStringContentDest(WString* target);
-  WString Write(WString text) override;
+  CErrorText Write(WString text) override;
 
  protected:
   void Prepare() override {}

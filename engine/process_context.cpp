@@ -19,8 +19,8 @@ void KeepTreesUntilProcessEnds(const CProcessContext& context) {
   kept->push_back(context.setAside);
 }
 
-WString EnterNesting(CProcessContext& context, const CParsePart& at) {
-  WString errorText;
+CErrorText EnterNesting(CProcessContext& context, const CParsePart& at) {
+  CErrorText errorText;
   if (context.nestingDepth > kMaxNestingDepth) {
     AddError(errorText, CText(MsgTooManyNestedCalls).Replace(u"[NUMBER]", kMaxNestingDepth), at.Location());
   } else {

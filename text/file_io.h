@@ -7,6 +7,7 @@
 
 #include "text/encoding.h"
 #include "text/base/wide_string.h"
+#include "text/error_text.h"
 
 namespace NScrivolt {
 
@@ -29,13 +30,13 @@ WString ResolveFilePath(const WString& path, const WString& basePath);
 // file is no error when skipIfMissing; otherwise, and for a file that cannot
 // be read or whose bytes are invalid in the ANSI code page, "Cannot read from
 // file" is appended.
-bool ReadTextFile(const WString& path, WString& text, bool skipIfMissing, EncodingInfo& encoding,
-                  bool isExplicit, WString& errorText);
+bool ReadTextFile(const WString& path, WString& text, bool skipIfMissing, EncodingInfo& encoding, bool isExplicit,
+                  CErrorText& errorText);
 
 // Encodes `text` as `encoding` says (mark included when encoding.bom) and
 // replaces the file in one piece. Characters outside the ANSI code page are an
 // error when isExplicit; otherwise the file is written as UTF-8 with a mark.
 bool WriteTextFile(const WString& path, WStringView text, const EncodingInfo& encoding, bool isExplicit,
-                   WString& errorText);
+                   CErrorText& errorText);
 
 }  // namespace NScrivolt

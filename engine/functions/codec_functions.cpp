@@ -20,10 +20,10 @@ const CArgumentTable& CFunctionDecode::Arguments() const {
   return table;
 }
 
-WString CFunctionDecode::Execute(CProcessContext& context, WString& output) {
+CErrorText CFunctionDecode::Execute(CProcessContext& context, WString& output) {
   WString keyword, what;
   CParamQualifier target;
-  WString errorText = EvaluateText(*this, from_, u"From", context, false, keyword);
+  CErrorText errorText = EvaluateText(*this, from_, u"From", context, false, keyword);
   if (errorText.empty()) errorText = EvaluateText(*this, what_, u"What", context, false, what);
   if (errorText.empty()) errorText = EvaluateQualifier(*this, to_, u"To", context, false, target);
   if (!errorText.empty()) return errorText;
@@ -55,11 +55,11 @@ const CArgumentTable& CFunctionEncode::Arguments() const {
   return table;
 }
 
-WString CFunctionEncode::Execute(CProcessContext& context, WString& output) {
+CErrorText CFunctionEncode::Execute(CProcessContext& context, WString& output) {
   WString keyword;
   CParam storage;
   const CParam* what = nullptr;
-  WString errorText = EvaluateText(*this, for_, u"For", context, false, keyword);
+  CErrorText errorText = EvaluateText(*this, for_, u"For", context, false, keyword);
   if (errorText.empty()) errorText = EvaluateParamInPlace(*this, what_, u"What", context, false, storage, what);
   if (!errorText.empty()) return errorText;
 
