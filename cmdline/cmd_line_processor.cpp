@@ -26,7 +26,7 @@ bool CCmdLineProcessor::Run(const std::vector<WString>& arguments) {
   return Finish(commandLine.Process(*this));
 }
 
-// "Nothing specified to process" is an error line but does not change the result.
+// MsgNothingToProcess is an error line but does not change the result.
 bool CCmdLineProcessor::Finish(bool switchesSucceeded) {
   if (!description_.anythingReported) AddFeedback(CText(MsgNothingToProcess).str(), true);
   FlushFeedback();

@@ -71,7 +71,7 @@ class CCmdLineProcessor : public ICmdLineProcessor {
   };
 
   bool Finish(bool switchesSucceeded);
-  SwitchResult Fail(WString message);
+  SwitchResult Fail(CErrorText error);
   SwitchResult FailFor(MessageId messageId, const CSwitchOptions& options);
   SwitchResult FailInvalidName(const CSwitchOptions& options);
   CParam* FindOrCreateParam(const WString& name);

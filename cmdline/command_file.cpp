@@ -40,9 +40,8 @@ class CNestingLevel {
 
 bool CCmdLineProcessor::ProcessCommandFile(const WString& path, CErrorText& errorText) {
   if (commandFileDepth_ >= maxCommandFileNesting) {
-    errorText = CErrorText(CText(MsgCommandFilesNestedTooDeep)
-                               .Fill({{u"[NUMBER]", IntegerToText(maxCommandFileNesting)}, {u"[FILEPATH]", path}})
-                               .str());
+    errorText = MessageError(MsgCommandFilesNestedTooDeep,
+                             {{u"[NUMBER]", IntegerToText(maxCommandFileNesting)}, {u"[FILEPATH]", path}});
     AddFeedback(errorText.str(), true);
     return false;
   }
@@ -53,7 +52,7 @@ bool CCmdLineProcessor::ProcessCommandFile(const WString& path, CErrorText& erro
   WString text;
   CErrorText readError;
   if (!ReadTextFile(resolved, text, false, encoding, choice.isExplicit, readError)) {
-    errorText = CErrorText(CText(MsgCommandFileReadError).Replace(u"[FILEPATH]", path).str());
+    errorText = MessageError(MsgCommandFileReadError, {{u"[FILEPATH]", path}});
     AddFeedback(errorText.str(), true);
     return false;
   }

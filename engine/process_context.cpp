@@ -22,7 +22,7 @@ void KeepTreesUntilProcessEnds(const CProcessContext& context) {
 CErrorText EnterNesting(CProcessContext& context, const CParsePart& at) {
   CErrorText errorText;
   if (context.nestingDepth > kMaxNestingDepth) {
-    AddError(errorText, CText(MsgTooManyNestedCalls).Replace(u"[NUMBER]", kMaxNestingDepth), at.Location());
+    AddErrorAt(errorText, MsgTooManyNestedCalls, at, {{u"[NUMBER]", IntegerToText(std::int64_t(kMaxNestingDepth))}});
   } else {
     ++context.nestingDepth;
   }

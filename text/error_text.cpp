@@ -14,10 +14,22 @@ void CErrorText::AddDetail(WStringView detail) {
   text_ += detail;
 }
 
-void AddErrorDetail(CErrorText& errorText, MessageId id, std::initializer_list<CText::Filler> values) {
+namespace {
+
+CText FilledMessage(MessageId id, std::initializer_list<CText::Filler> values) {
   CText message(id);
   if (values.size() > 0) message.Fill(values);
-  errorText.AddDetail(message.str());
+  return message;
+}
+
+}  // namespace
+
+CErrorText MessageError(MessageId id, std::initializer_list<CText::Filler> values) {
+  return CErrorText(FilledMessage(id, values).str());
+}
+
+void AddErrorDetail(CErrorText& errorText, MessageId id, std::initializer_list<CText::Filler> values) {
+  errorText.AddDetail(FilledMessage(id, values).str());
 }
 
 CErrorText DetailError(MessageId id, std::initializer_list<CText::Filler> values) {

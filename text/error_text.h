@@ -37,6 +37,10 @@ class [[nodiscard]] CErrorText {
   WString text_;
 };
 
+// Message `id` with its placeholders filled as a new error text of one line,
+// as it is (the switch failures of the command line).
+CErrorText MessageError(MessageId id, std::initializer_list<CText::Filler> values = {});
+
 // Appends message `id` with its placeholders filled as a detail line.
 void AddErrorDetail(CErrorText& errorText, MessageId id, std::initializer_list<CText::Filler> values = {});
 

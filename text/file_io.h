@@ -28,8 +28,8 @@ WString ResolveFilePath(const WString& path, const WString& basePath);
 // without a mark, and comes out as what the bytes were: with isExplicit only
 // that type's own mark is looked for; otherwise any mark decides. A missing
 // file is no error when skipIfMissing; otherwise, and for a file that cannot
-// be read or whose bytes are invalid in the ANSI code page, "Cannot read from
-// file" is appended.
+// be read or whose bytes are invalid in the ANSI code page, the detail line
+// MsgCannotReadFile is appended.
 bool ReadTextFile(const WString& path, WString& text, bool skipIfMissing, EncodingInfo& encoding, bool isExplicit,
                   CErrorText& errorText);
 

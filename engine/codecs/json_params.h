@@ -40,8 +40,8 @@ constexpr std::size_t kMaxEncodedJsonDepth = 1000;
 
 // Reads `text` as one JSON document into `target`, which the caller has
 // cleared. A malformed document leaves the target empty and returns the
-// detail line "The specified JSON is invalid at line L, column C", the place
-// of the first fault (1-based; columns count characters).
+// detail line MsgInvalidJson with the line and column of the first fault
+// (1-based; columns count characters).
 CErrorText DecodeJsonTree(WStringView text, CParam& target);
 
 // Writes `source` as a JSON document indented by two spaces per level, with

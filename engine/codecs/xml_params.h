@@ -32,8 +32,8 @@ constexpr std::size_t kMaxEncodedXmlDepth = 1000;
 
 // Reads `text` as an XML document into `target`, which the caller has
 // cleared. Any problem the reader finds, warnings included, leaves the target
-// empty and returns the detail line "The specified XML is invalid at line L,
-// column C" (line 0, column 0 for an empty text).
+// empty and returns the detail line MsgInvalidXml with the line and column
+// (line 0, column 0 for an empty text).
 CErrorText DecodeXmlTree(WStringView text, CParam& target);
 
 // Builds a document from `source` and writes it formatted (tabs, LF after

@@ -51,10 +51,9 @@ bool Resolve(const WString& lowerName, const CProcessContext& context, FunctionM
 
 // Reports a refused argument; empty text when `code` accepts it.
 CErrorText ArgumentError(int code, const CParsePart& argument) {
-  CErrorText errorText;
-  if (code == kArgumentUnknown) AddErrorAt(errorText, MsgUnknownArgument, argument, {{u"[ARG]", argument.Name()}});
-  if (code == kArgumentGivenTwice) AddErrorAt(errorText, MsgArgumentOnlyOnce, argument, {{u"[ARG]", argument.Name()}});
-  return errorText;
+  if (code == kArgumentUnknown) return ErrorAt(MsgUnknownArgument, argument, {{u"[ARG]", argument.Name()}});
+  if (code == kArgumentGivenTwice) return ErrorAt(MsgArgumentOnlyOnce, argument, {{u"[ARG]", argument.Name()}});
+  return CErrorText();
 }
 
 // The set-up of a call site seen for the first time, or whose function may

@@ -1,9 +1,12 @@
-// The engine's error lines: "- [ERROR] at line [LINE], column [COLUMN],
-// [CONTEXT]", one per error, joined by a carriage return and a line feed.
+// The engine's error lines, located in a template: MsgErrorLine around the
+// message, one per error, joined by a carriage return and a line feed.
 //
-// Every engine error is built here: the parser, the evaluation and the
-// functions name the message (MsgArgumentMissing, ...) and the part it
-// points at, and these helpers fill the placeholders and add the line.
+// Every error located in a template is built here: the parser, the
+// evaluation and the functions name the message (MsgArgumentMissing, ...) and
+// the part it points at, and these helpers fill the placeholders and add the
+// line. Errors without a place in a template (the detail lines of files and
+// decoded formats, the switch failures) come from text/error_text.h, the
+// home of the error type.
 #pragma once
 
 #include <initializer_list>

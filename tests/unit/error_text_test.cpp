@@ -57,6 +57,9 @@ TEST(ErrorText, BuildsLinesAndDetails) {
          return errorText;
        },
        "\r\n- Cannot read from file \"a\"\r\n- Cannot read from file \"b\""},
+      {"a message alone is one line without a dash",
+       [] { return MessageError(MsgCannotReadFile, {{u"[FILEPATH]", u"a.txt"}}); },
+       "Cannot read from file \"a.txt\""},
       {"a position is line and column",
        [] { return PositionError(MsgInvalidJson, 12, 3); },
        "\r\n- The specified JSON is invalid at line 12, column 3"},
