@@ -23,8 +23,8 @@ const CArgumentTable& CFunctionDecode::Arguments() const {
 CErrorText CFunctionDecode::Execute(CProcessContext& context, WString& output) {
   WString keyword, what;
   CParamQualifier target;
-  CErrorText errorText = EvaluateText(*this, from_, u"From", context, false, keyword);
-  if (errorText.empty()) errorText = EvaluateText(*this, what_, u"What", context, false, what);
+  CErrorText errorText = EvaluateText(*this, from_, u"From", context, WithoutValue::IsError, keyword);
+  if (errorText.empty()) errorText = EvaluateText(*this, what_, u"What", context, WithoutValue::IsError, what);
   if (errorText.empty()) errorText = EvaluateQualifier(*this, to_, u"To", context, false, target);
   if (!errorText.empty()) return errorText;
   // The target is created and emptied whatever happens next.
@@ -59,8 +59,8 @@ CErrorText CFunctionEncode::Execute(CProcessContext& context, WString& output) {
   WString keyword;
   CParam storage;
   const CParam* what = nullptr;
-  CErrorText errorText = EvaluateText(*this, for_, u"For", context, false, keyword);
-  if (errorText.empty()) errorText = EvaluateParamInPlace(*this, what_, u"What", context, false, storage, what);
+  CErrorText errorText = EvaluateText(*this, for_, u"For", context, WithoutValue::IsError, keyword);
+  if (errorText.empty()) errorText = EvaluateParamInPlace(*this, what_, u"What", context, WithoutValue::IsError, storage, what);
   if (!errorText.empty()) return errorText;
 
   const CCodecFormat* format = FindCodecFormat(keyword);

@@ -16,7 +16,7 @@ namespace {
 // Evaluates a body or branch and appends its text to the output.
 CErrorText AppendEvaluation(const CFunction& function, ArgumentSlot part, WStringView displayName,
                             CProcessContext& context, WString& output) {
-  return AppendText(function, part, displayName, context, false, output);
+  return AppendText(function, part, displayName, context, WithoutValue::IsError, output);
 }
 
 // Sets a loop parameter (found or created) to a number.
@@ -123,9 +123,9 @@ CErrorText CFunctionFor::Execute(CProcessContext& context, WString& output) {
   WString step = u"1";
   CErrorText errorText = EvaluateQualifier(*this, value_, u"Value", context, false, value);
   if (errorText.empty()) errorText = EvaluateQualifier(*this, loopNumber_, u"LoopNr", context, false, loopNumber);
-  if (errorText.empty()) errorText = EvaluateText(*this, from_, u"From", context, false, from);
-  if (errorText.empty()) errorText = EvaluateText(*this, to_, u"To", context, false, to);
-  if (errorText.empty() && step_ != nullptr) errorText = EvaluateText(*this, step_, u"Step", context, false, step);
+  if (errorText.empty()) errorText = EvaluateText(*this, from_, u"From", context, WithoutValue::IsError, from);
+  if (errorText.empty()) errorText = EvaluateText(*this, to_, u"To", context, WithoutValue::IsError, to);
+  if (errorText.empty() && step_ != nullptr) errorText = EvaluateText(*this, step_, u"Step", context, WithoutValue::IsError, step);
   if (!errorText.empty()) return errorText;
   const std::int32_t stepNumber = ReadInteger(step);
   if (stepNumber == 0) {
@@ -218,7 +218,7 @@ CErrorText CFunctionGate::EvaluateFunctionNames(CProcessContext& context, std::v
   names.resize(functions_.size());
   for (std::size_t i = 0; i < functions_.size(); ++i) {
     WString text;
-    CErrorText errorText = EvaluateText(*this, functions_[i].Get(), u"Function", context, false, text);
+    CErrorText errorText = EvaluateText(*this, functions_[i].Get(), u"Function", context, WithoutValue::IsError, text);
     if (errorText.empty()) errorText = CheckFunctionName(text, *functions_[i], names[i]);
     if (!errorText.empty()) return errorText;
   }
@@ -294,7 +294,7 @@ const CArgumentTable& CFunctionNoOutput::Arguments() const {
 
 CErrorText CFunctionNoOutput::Execute(CProcessContext& context, WString&) {
   WString dropped;
-  return EvaluateText(*this, content_, u"Content", context, false, dropped);
+  return EvaluateText(*this, content_, u"Content", context, WithoutValue::IsError, dropped);
 }
 
 const CArgumentTable& CFunctionError::Arguments() const {
@@ -306,7 +306,7 @@ const CArgumentTable& CFunctionError::Arguments() const {
 
 CErrorText CFunctionError::Execute(CProcessContext& context, WString&) {
   WString text;
-  CErrorText errorText = EvaluateText(*this, text_, u"Text", context, false, text);
+  CErrorText errorText = EvaluateText(*this, text_, u"Text", context, WithoutValue::IsError, text);
   if (errorText.empty()) errorText.AddDetail(text);
   return errorText;
 }

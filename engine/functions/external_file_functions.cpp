@@ -35,7 +35,7 @@ CErrorText CFunctionExternalFile::EvaluateFileEncoding(CProcessContext& context,
   isExplicit = false;
   if (fileEncoding_ == nullptr) return CErrorText();
   WString name;
-  CErrorText errorText = EvaluateText(*this, fileEncoding_, u"FileEncoding", context, false, name);
+  CErrorText errorText = EvaluateText(*this, fileEncoding_, u"FileEncoding", context, WithoutValue::IsError, name);
   if (!errorText.empty()) return errorText;
   if (!ParseEncodingName(name, type, isExplicit)) errorText = UnknownOptionError(*fileEncoding_, name);
   return errorText;
@@ -45,7 +45,7 @@ CErrorText CFunctionExternalFile::MakeFileSource(CProcessContext& context, const
                                                  MissingFile missingFile,
                                                  std::unique_ptr<CContentSource>& source) const {
   WString path;
-  CErrorText errorText = EvaluateText(*this, file, u"File", context, false, path);
+  CErrorText errorText = EvaluateText(*this, file, u"File", context, WithoutValue::IsError, path);
   if (!errorText.empty()) return errorText;
   EncodingType type;
   bool isExplicit;
@@ -90,7 +90,7 @@ const CArgumentTable& CFunctionProcess::Arguments() const {
 CErrorText CFunctionProcess::MakeSource(CProcessContext& context, std::unique_ptr<CContentSource>& source) const {
   if (file_ != nullptr) return MakeFileSource(context, file_, MissingFileFor(skipIfMissing_), source);
   WString text;
-  CErrorText errorText = EvaluateText(*this, content_, u"Content", context, false, text);
+  CErrorText errorText = EvaluateText(*this, content_, u"Content", context, WithoutValue::IsError, text);
   if (errorText.empty()) source = std::make_unique<CStringContentSource>(std::move(text));
   return errorText;
 }
@@ -118,7 +118,7 @@ CErrorText CFunctionOutput::EvaluateFiles(CProcessContext& context, std::vector<
   paths.reserve(files_.size());
   for (const CParsePartRef& file : files_) {
     WString path;
-    CErrorText errorText = EvaluateText(*this, file.Get(), u"File", context, false, path);
+    CErrorText errorText = EvaluateText(*this, file.Get(), u"File", context, WithoutValue::IsError, path);
     if (!errorText.empty()) return errorText;
     paths.push_back(std::move(path));
   }
@@ -141,7 +141,7 @@ CErrorText CFunctionOutput::Execute(CProcessContext& context, WString& output) {
   std::vector<WString> paths;
   CErrorText errorText = EvaluateFiles(context, paths);
   WString content;
-  if (errorText.empty()) errorText = EvaluateText(*this, content_, u"Content", context, false, content);
+  if (errorText.empty()) errorText = EvaluateText(*this, content_, u"Content", context, WithoutValue::IsError, content);
   EncodingType type;
   bool isExplicit;
   if (errorText.empty()) errorText = EvaluateFileEncoding(context, type, isExplicit);

@@ -79,14 +79,14 @@ const CParam* FindReferenced(const CParsePart& part, CProcessContext& context, C
 
 // The checks common to every evaluation: a missing argument, a flag without
 // value. True when the caller should go on with the part's kind.
-bool CheckPresence(const CFunction& function, const CParsePart* part, WStringView displayName, bool allowFlag,
+bool CheckPresence(const CFunction& function, const CParsePart* part, WStringView displayName, WithoutValue withoutValue,
                    CErrorText& errorText) {
   if (part == nullptr) {
     errorText = ArgumentMissingError(function.CallPart(), displayName);
     return false;
   }
   if (part->Kind() == PartKind::ArgFlag) {
-    if (!allowFlag) AddErrorAt(errorText, MsgArgumentMissingValue, *part, {{u"[ARG]", displayName}});
+    if (withoutValue == WithoutValue::IsError) AddErrorAt(errorText, MsgArgumentMissingValue, *part, {{u"[ARG]", displayName}});
     return false;
   }
   return true;
@@ -95,9 +95,9 @@ bool CheckPresence(const CFunction& function, const CParsePart* part, WStringVie
 }  // namespace
 
 CErrorText AppendText(const CFunction& function, const CParsePart* part, WStringView displayName,
-                      CProcessContext& context, bool allowFlag, WString& output) {
+                      CProcessContext& context, WithoutValue withoutValue, WString& output) {
   CErrorText errorText;
-  if (!CheckPresence(function, part, displayName, allowFlag, errorText)) return errorText;
+  if (!CheckPresence(function, part, displayName, withoutValue, errorText)) return errorText;
   switch (part->Kind()) {
     case PartKind::ArgText:
       output.append(part->Value());
@@ -115,9 +115,9 @@ CErrorText AppendText(const CFunction& function, const CParsePart* part, WString
 }
 
 CErrorText EvaluateText(const CFunction& function, const CParsePart* part, WStringView displayName,
-                        CProcessContext& context, bool allowFlag, WString& result) {
+                        CProcessContext& context, WithoutValue withoutValue, WString& result) {
   result.clear();
-  return AppendText(function, part, displayName, context, allowFlag, result);
+  return AppendText(function, part, displayName, context, withoutValue, result);
 }
 
 CErrorText EvaluateQualifierInPlace(const CFunction& function, const CParsePart* part, WStringView displayName,
@@ -134,7 +134,7 @@ CErrorText EvaluateQualifierInPlace(const CFunction& function, const CParsePart*
     return errorText;
   }
   WString text;
-  CErrorText errorText = EvaluateText(function, part, displayName, context, false, text);
+  CErrorText errorText = EvaluateText(function, part, displayName, context, WithoutValue::IsError, text);
   if (errorText.empty()) errorText = ParseQualifier(text, displayName, *part, storage);
   if (evaluatedText != nullptr) *evaluatedText = std::move(text);
   return errorText;
@@ -151,7 +151,7 @@ CErrorText EvaluateQualifier(const CFunction& function, const CParsePart* part, 
 }
 
 CErrorText EvaluateParamInPlace(const CFunction& function, const CParsePart* part, WStringView displayName,
-                                CProcessContext& context, bool allowFlag, CParam& storage, const CParam*& param) {
+                                CProcessContext& context, WithoutValue withoutValue, CParam& storage, const CParam*& param) {
   param = nullptr;
   CErrorText errorText;
   if (part != nullptr && part->Kind() == PartKind::ArgReference) {
@@ -160,7 +160,7 @@ CErrorText EvaluateParamInPlace(const CFunction& function, const CParsePart* par
   }
   storage.Clear();
   WString value;
-  errorText = EvaluateText(function, part, displayName, context, allowFlag, value);
+  errorText = EvaluateText(function, part, displayName, context, withoutValue, value);
   if (!errorText.empty()) return errorText;
   storage.SetValue(std::move(value));
   param = &storage;
@@ -168,7 +168,7 @@ CErrorText EvaluateParamInPlace(const CFunction& function, const CParsePart* par
 }
 
 CErrorText EvaluateParam(const CFunction& function, const CParsePart* part, WStringView displayName,
-                         CProcessContext& context, bool allowFlag, CParam& target) {
+                         CProcessContext& context, WithoutValue withoutValue, CParam& target) {
   target.Clear();
   if (part != nullptr && part->Kind() == PartKind::ArgReference) {
     CErrorText errorText;
@@ -176,7 +176,7 @@ CErrorText EvaluateParam(const CFunction& function, const CParsePart* part, WStr
     return errorText;
   }
   WString value;
-  CErrorText errorText = EvaluateText(function, part, displayName, context, allowFlag, value);
+  CErrorText errorText = EvaluateText(function, part, displayName, context, withoutValue, value);
   if (errorText.empty()) target.SetValue(std::move(value));
   return errorText;
 }
@@ -184,7 +184,7 @@ CErrorText EvaluateParam(const CFunction& function, const CParsePart* part, WStr
 CErrorText EvaluateOption(const CFunction& function, const CParsePart& part, WStringView displayName,
                           CProcessContext& context, std::initializer_list<WStringView> keywords, int& choice) {
   WString text;
-  CErrorText errorText = EvaluateText(function, &part, displayName, context, false, text);
+  CErrorText errorText = EvaluateText(function, &part, displayName, context, WithoutValue::IsError, text);
   if (!errorText.empty()) return errorText;
   choice = 0;
   for (WStringView keyword : keywords) {

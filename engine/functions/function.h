@@ -26,6 +26,13 @@ namespace NScrivolt {
 
 class CProcessContext;
 
+// What an argument written without a value (a flag such as "casesensitive")
+// gives where a value is evaluated.
+enum class WithoutValue {
+  IsError,      // MsgArgumentMissingValue at the argument
+  IsEmptyText,  // the empty text
+};
+
 class CFunction {
  public:
   CFunction() = default;
@@ -61,16 +68,16 @@ void AppendResult(WString& output, WString&& result);
 CErrorText CheckFunctionName(WStringView name, const CParsePart& at, WString& lowerName);
 
 // Evaluates an argument to text. `part` null: error MsgArgumentMissing at the call, naming
-// `displayName`. A flag without value: empty text when `allowFlag`, else MsgArgumentMissingValue.
+// `displayName`. A flag without value: as `withoutValue` says.
 // A quoted text: its value. A reference: the value of the parameter it names
 // (MsgParamNotSet when it does not exist). A content: its evaluation.
 CErrorText EvaluateText(const CFunction& function, const CParsePart* part, WStringView displayName,
-                        CProcessContext& context, bool allowFlag, WString& result);
+                        CProcessContext& context, WithoutValue withoutValue, WString& result);
 
 // Evaluates an argument as EvaluateText does and appends the text to
 // `output`; a content is evaluated straight into it.
 CErrorText AppendText(const CFunction& function, const CParsePart* part, WStringView displayName,
-                      CProcessContext& context, bool allowFlag, WString& output);
+                      CProcessContext& context, WithoutValue withoutValue, WString& output);
 
 // Evaluates an argument to text and parses the text as a parameter reference.
 // An absent argument gives an empty qualifier when not `required`.
@@ -90,13 +97,13 @@ CErrorText EvaluateQualifierInPlace(const CFunction& function, const CParsePart*
 // target a deep copy of the parameter it names, value and sub-parameters;
 // any other value sets the target's value.
 CErrorText EvaluateParam(const CFunction& function, const CParsePart* part, WStringView displayName,
-                         CProcessContext& context, bool allowFlag, CParam& target);
+                         CProcessContext& context, WithoutValue withoutValue, CParam& target);
 
 // As EvaluateParam, without the copy: a reference gives `param` the node it
 // names, any other value is set in `storage` and `param` points there. The
 // node is for reading before anything changes the tree again.
 CErrorText EvaluateParamInPlace(const CFunction& function, const CParsePart* part, WStringView displayName,
-                                CProcessContext& context, bool allowFlag, CParam& storage, const CParam*& param);
+                                CProcessContext& context, WithoutValue withoutValue, CParam& storage, const CParam*& param);
 
 // Evaluates an option argument and compares the text, ignoring case, with
 // `keywords` in order; `choice` receives the index of the first match. No

@@ -42,7 +42,7 @@ CErrorText CFunctionSet::Execute(CProcessContext& context, WString&) {
   // The new value is complete before the target is touched, so "to" may name
   // the target itself or one of its sub-parameters.
   CParam value;
-  if (to_ != nullptr) errorText = EvaluateParam(*this, to_, u"To", context, false, value);
+  if (to_ != nullptr) errorText = EvaluateParam(*this, to_, u"To", context, WithoutValue::IsError, value);
   if (errorText.empty()) context.Root().FindParam(target, true)->CopyFrom(value);
   return errorText;
 }
@@ -107,7 +107,7 @@ CErrorText CFunctionAddSubParams::Execute(CProcessContext& context, WString&) {
   if (values_.empty()) return ArgumentMissingError(CallPart(), u"Value");
   for (const CParsePartRef& part : values_) {
     CParam value;
-    errorText = EvaluateParam(*this, part.Get(), u"Value", context, false, value);
+    errorText = EvaluateParam(*this, part.Get(), u"Value", context, WithoutValue::IsError, value);
     if (!errorText.empty()) break;
     context.Root().FindParam(target, true)->AppendNumbered()->CopyFrom(value);
   }
@@ -132,7 +132,7 @@ CErrorText CFunctionSetSubParams::Execute(CProcessContext& context, WString&) {
   if (!errorText.empty()) return errorText;
   std::vector<CParam> values(tos_.size());
   for (std::size_t i = 0; i < tos_.size(); ++i) {
-    errorText = EvaluateParam(*this, tos_[i].Get(), u"To", context, false, values[i]);
+    errorText = EvaluateParam(*this, tos_[i].Get(), u"To", context, WithoutValue::IsError, values[i]);
     if (!errorText.empty()) return errorText;
   }
   CParam* node = context.Root().FindParam(target, true);
@@ -199,7 +199,7 @@ CErrorText CFunctionFindSubParam::Execute(CProcessContext& context, WString& out
   WString text;
   CErrorText errorText = EvaluateTarget(*this, param_, context, qualifier, &text);
   WString value;
-  if (errorText.empty()) errorText = EvaluateText(*this, value_, u"Value", context, false, value);
+  if (errorText.empty()) errorText = EvaluateText(*this, value_, u"Value", context, WithoutValue::IsError, value);
   int indexType = 0;  // 0 "number", 1 "name"
   if (errorText.empty() && indexType_ != nullptr) {
     errorText = EvaluateOption(*this, *indexType_, u"IndexType", context, {u"number", u"name"}, indexType);

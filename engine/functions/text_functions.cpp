@@ -15,7 +15,7 @@ namespace {
 CErrorText EvaluateInteger(const CFunction& function, const CParsePart* part, WStringView displayName,
                            CProcessContext& context, std::int32_t& value) {
   WString text;
-  CErrorText errorText = EvaluateText(function, part, displayName, context, false, text);
+  CErrorText errorText = EvaluateText(function, part, displayName, context, WithoutValue::IsError, text);
   value = ReadInteger(text);
   return errorText;
 }
@@ -34,10 +34,10 @@ const CArgumentTable& CFunctionChangeCase::Arguments() const {
 
 CErrorText CFunctionChangeCase::Execute(CProcessContext& context, WString& output) {
   WString what;
-  CErrorText errorText = EvaluateText(*this, what_, u"What", context, false, what);
+  CErrorText errorText = EvaluateText(*this, what_, u"What", context, WithoutValue::IsError, what);
   if (!errorText.empty()) return errorText;
   // An absent "to" is reported as the missing argument it is.
-  if (to_ == nullptr) return EvaluateText(*this, to_, u"To", context, false, what);
+  if (to_ == nullptr) return EvaluateText(*this, to_, u"To", context, WithoutValue::IsError, what);
   int choice = 0;
   errorText = EvaluateOption(*this, *to_, u"To", context, {u"lower", u"upper"}, choice);
   if (errorText.empty()) output += choice == 0 ? ToLowerAscii(what) : ToUpperAscii(what);
@@ -57,8 +57,8 @@ const CArgumentTable& CFunctionCount::Arguments() const {
 
 CErrorText CFunctionCount::Execute(CProcessContext& context, WString& output) {
   WString what, in;
-  CErrorText errorText = EvaluateText(*this, what_, u"What", context, false, what);
-  if (errorText.empty()) errorText = EvaluateText(*this, in_, u"In", context, false, in);
+  CErrorText errorText = EvaluateText(*this, what_, u"What", context, WithoutValue::IsError, what);
+  if (errorText.empty()) errorText = EvaluateText(*this, in_, u"In", context, WithoutValue::IsError, in);
   if (errorText.empty()) output += IntegerToText(std::int64_t(CountOccurrences(in, what, caseSensitive_ != nullptr)));
   return errorText;
 }
@@ -77,9 +77,9 @@ const CArgumentTable& CFunctionReplace::Arguments() const {
 
 CErrorText CFunctionReplace::Execute(CProcessContext& context, WString& output) {
   WString what, by, in;
-  CErrorText errorText = EvaluateText(*this, what_, u"What", context, false, what);
-  if (errorText.empty() && by_ != nullptr) errorText = EvaluateText(*this, by_, u"By", context, false, by);
-  if (errorText.empty()) errorText = EvaluateText(*this, in_, u"In", context, false, in);
+  CErrorText errorText = EvaluateText(*this, what_, u"What", context, WithoutValue::IsError, what);
+  if (errorText.empty() && by_ != nullptr) errorText = EvaluateText(*this, by_, u"By", context, WithoutValue::IsError, by);
+  if (errorText.empty()) errorText = EvaluateText(*this, in_, u"In", context, WithoutValue::IsError, in);
   if (errorText.empty()) output += ReplaceOccurrences(in, what, by, caseSensitive_ != nullptr);
   return errorText;
 }
@@ -99,8 +99,8 @@ const CArgumentTable& CFunctionSearch::Arguments() const {
 
 CErrorText CFunctionSearch::Execute(CProcessContext& context, WString& output) {
   WString in, pattern;
-  CErrorText errorText = EvaluateText(*this, in_, u"In", context, false, in);
-  if (errorText.empty()) errorText = EvaluateText(*this, for_, u"For", context, false, pattern);
+  CErrorText errorText = EvaluateText(*this, in_, u"In", context, WithoutValue::IsError, in);
+  if (errorText.empty()) errorText = EvaluateText(*this, for_, u"For", context, WithoutValue::IsError, pattern);
   std::optional<std::int32_t> start;
   if (errorText.empty() && start_ != nullptr) {
     std::int32_t value = 0;
@@ -129,8 +129,8 @@ CErrorText CFunctionSplit::Execute(CProcessContext& context, WString&) {
   CParamQualifier target;
   WString what, on;
   CErrorText errorText = EvaluateQualifier(*this, param_, u"Param", context, true, target);
-  if (errorText.empty()) errorText = EvaluateText(*this, what_, u"What", context, false, what);
-  if (errorText.empty()) errorText = EvaluateText(*this, on_, u"On", context, false, on);
+  if (errorText.empty()) errorText = EvaluateText(*this, what_, u"What", context, WithoutValue::IsError, what);
+  if (errorText.empty()) errorText = EvaluateText(*this, on_, u"On", context, WithoutValue::IsError, on);
   if (!errorText.empty()) return errorText;
   // Every argument is evaluated: the target can be changed now.
   CParam& param = *context.Root().FindParam(target, true);
@@ -154,7 +154,7 @@ CErrorText CFunctionJoin::Execute(CProcessContext& context, WString& output) {
   CParamQualifier source;
   WString sourceText, with;
   CErrorText errorText = EvaluateQualifier(*this, param_, u"Param", context, true, source, &sourceText);
-  if (errorText.empty()) errorText = EvaluateText(*this, with_, u"With", context, false, with);
+  if (errorText.empty()) errorText = EvaluateText(*this, with_, u"With", context, WithoutValue::IsError, with);
   ParamOrder order = ParamOrder::ByNumber;
   bool descending = false;
   if (errorText.empty()) errorText = EvaluateOrder(context, order, descending);
@@ -186,7 +186,7 @@ CErrorText CFunctionSub::Execute(CProcessContext& context, WString& output) {
   WString from;
   CErrorText errorText = EvaluateInteger(*this, start_, u"Start", context, start);
   if (errorText.empty() && end_ != nullptr) errorText = EvaluateInteger(*this, end_, u"End", context, end);
-  if (errorText.empty()) errorText = EvaluateText(*this, from_, u"From", context, false, from);
+  if (errorText.empty()) errorText = EvaluateText(*this, from_, u"From", context, WithoutValue::IsError, from);
   if (errorText.empty()) output += SubText(from, start, end);
   return errorText;
 }

@@ -44,7 +44,7 @@ CErrorText CFunctionUserFunction::Execute(CProcessContext& context, WString& out
   CErrorText errorText = EvaluateArguments(context);
   if (!errorText.empty()) return errorText;
   ApplyArguments(context);
-  errorText = AppendText(*this, definition_->body.Get(), u"Content", context, false, output);
+  errorText = AppendText(*this, definition_->body.Get(), u"Content", context, WithoutValue::IsError, output);
   // After a failing body the parameters stay as the call left them; the
   // error ends the processing anyway.
   if (errorText.empty()) RestoreArguments(context);
@@ -79,7 +79,7 @@ CErrorText CFunctionUserFunction::EvaluateArgument(CProcessContext& context, Ent
   entry.newValue = std::make_unique<CParam>();
   for (const CParsePartRef& part : entry.parts) {
     CParam value;
-    errorText = EvaluateParam(*this, part.Get(), entry.param.name, context, true, value);
+    errorText = EvaluateParam(*this, part.Get(), entry.param.name, context, WithoutValue::IsEmptyText, value);
     if (!errorText.empty()) return errorText;
     if (IsRepeatable(entry.kind)) {
       entry.newValue->AppendNumbered()->CopyFrom(value);

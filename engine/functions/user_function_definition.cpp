@@ -18,7 +18,7 @@ constexpr WStringView kKindDisplayNames[kArgumentKindCount] = {u"Arg", u"OptArg"
 // Evaluates the "name" argument and checks it is a function name.
 CErrorText EvaluateFunctionName(const CFunction& function, ArgumentSlot namePart, CProcessContext& context,
                                 WString& name, WString& lowerName) {
-  CErrorText errorText = EvaluateText(function, namePart, u"Name", context, false, name);
+  CErrorText errorText = EvaluateText(function, namePart, u"Name", context, WithoutValue::IsError, name);
   if (errorText.empty()) errorText = CheckFunctionName(name, *namePart, lowerName);
   return errorText;
 }
