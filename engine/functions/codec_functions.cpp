@@ -25,7 +25,7 @@ CErrorText CFunctionDecode::Execute(CProcessContext& context, WString& output) {
   CParamQualifier target;
   CErrorText errorText = EvaluateText(*this, from_, u"From", context, WithoutValue::IsError, keyword);
   if (errorText.empty()) errorText = EvaluateText(*this, what_, u"What", context, WithoutValue::IsError, what);
-  if (errorText.empty()) errorText = EvaluateQualifier(*this, to_, u"To", context, false, target);
+  if (errorText.empty()) errorText = EvaluateQualifier(*this, to_, u"To", context, WhenAbsent::IsEmpty, target);
   if (!errorText.empty()) return errorText;
   // The target is created and emptied whatever happens next.
   if (to_ != nullptr) context.Root().FindParam(target, true)->Clear();

@@ -66,7 +66,7 @@ CErrorText CFunctionCompare::EvaluateCondition(CProcessContext& context, bool& h
 CErrorText CFunctionCompare::TestParamExists(CProcessContext& context, bool& holds) const {
   CParamQualifier qualifier;
   const WStringView displayName = kind_ == kParamSet ? u"ParamSet" : u"ParamNotSet";
-  CErrorText errorText = EvaluateQualifier(*this, subject_, displayName, context, true, qualifier);
+  CErrorText errorText = EvaluateQualifier(*this, subject_, displayName, context, WhenAbsent::IsError, qualifier);
   if (errorText.empty()) holds = std::as_const(context).Root().ParamExists(qualifier) == (kind_ == kParamSet);
   return errorText;
 }

@@ -75,7 +75,7 @@ const CArgumentTable& CConditionalLoop::Arguments() const {
 CErrorText CConditionalLoop::RunLoop(CProcessContext& context, CLoopRule rule, WString& output) const {
   const bool testFirst = rule.test == CLoopRule::Test::BeforeRound;
   CParamQualifier loopNumber;
-  CErrorText errorText = EvaluateQualifier(*this, loopNumber_, u"LoopNr", context, false, loopNumber);
+  CErrorText errorText = EvaluateQualifier(*this, loopNumber_, u"LoopNr", context, WhenAbsent::IsEmpty, loopNumber);
   for (std::int64_t round = 1; errorText.empty() && round <= kMaxLoopRounds; ++round) {
     if (loopNumber_ != nullptr) SetNumberParam(context, loopNumber, round);
     bool holds = false;
@@ -121,8 +121,8 @@ CErrorText CFunctionFor::Execute(CProcessContext& context, WString& output) {
   WString from;
   WString to;
   WString step = u"1";
-  CErrorText errorText = EvaluateQualifier(*this, value_, u"Value", context, false, value);
-  if (errorText.empty()) errorText = EvaluateQualifier(*this, loopNumber_, u"LoopNr", context, false, loopNumber);
+  CErrorText errorText = EvaluateQualifier(*this, value_, u"Value", context, WhenAbsent::IsEmpty, value);
+  if (errorText.empty()) errorText = EvaluateQualifier(*this, loopNumber_, u"LoopNr", context, WhenAbsent::IsEmpty, loopNumber);
   if (errorText.empty()) errorText = EvaluateText(*this, from_, u"From", context, WithoutValue::IsError, from);
   if (errorText.empty()) errorText = EvaluateText(*this, to_, u"To", context, WithoutValue::IsError, to);
   if (errorText.empty() && step_ != nullptr) errorText = EvaluateText(*this, step_, u"Step", context, WithoutValue::IsError, step);
@@ -164,13 +164,13 @@ CErrorText CFunctionForEach::Execute(CProcessContext& context, WString& output) 
   CParamQualifier loopNumber;
   CParamQualifier in;
   WString inText;
-  CErrorText errorText = EvaluateQualifier(*this, value_, u"Value", context, false, value);
-  if (errorText.empty()) errorText = EvaluateQualifier(*this, indexName_, u"IndexName", context, false, indexName);
+  CErrorText errorText = EvaluateQualifier(*this, value_, u"Value", context, WhenAbsent::IsEmpty, value);
+  if (errorText.empty()) errorText = EvaluateQualifier(*this, indexName_, u"IndexName", context, WhenAbsent::IsEmpty, indexName);
   if (errorText.empty()) {
-    errorText = EvaluateQualifier(*this, indexNumber_, u"IndexNumber", context, false, indexNumber);
+    errorText = EvaluateQualifier(*this, indexNumber_, u"IndexNumber", context, WhenAbsent::IsEmpty, indexNumber);
   }
-  if (errorText.empty()) errorText = EvaluateQualifier(*this, loopNumber_, u"LoopNr", context, false, loopNumber);
-  if (errorText.empty()) errorText = EvaluateQualifier(*this, in_, u"In", context, true, in, &inText);
+  if (errorText.empty()) errorText = EvaluateQualifier(*this, loopNumber_, u"LoopNr", context, WhenAbsent::IsEmpty, loopNumber);
+  if (errorText.empty()) errorText = EvaluateQualifier(*this, in_, u"In", context, WhenAbsent::IsError, in, &inText);
   ParamOrder order = ParamOrder::ByNumber;
   bool descending = false;
   if (errorText.empty()) errorText = EvaluateOrder(context, order, descending);
@@ -208,7 +208,7 @@ const CArgumentTable& CFunctionGate::Arguments() const {
 CErrorText CFunctionGate::EvaluateParams(CProcessContext& context, std::vector<CParamQualifier>& params) const {
   params.resize(params_.size());
   for (std::size_t i = 0; i < params_.size(); ++i) {
-    CErrorText errorText = EvaluateQualifier(*this, params_[i].Get(), u"Param", context, true, params[i]);
+    CErrorText errorText = EvaluateQualifier(*this, params_[i].Get(), u"Param", context, WhenAbsent::IsError, params[i]);
     if (!errorText.empty()) return errorText;
   }
   return CErrorText();

@@ -121,11 +121,11 @@ CErrorText EvaluateText(const CFunction& function, const CParsePart* part, WStri
 }
 
 CErrorText EvaluateQualifierInPlace(const CFunction& function, const CParsePart* part, WStringView displayName,
-                                    CProcessContext& context, bool required, CParamQualifier& storage,
+                                    CProcessContext& context, WhenAbsent whenAbsent, CParamQualifier& storage,
                                     const CParamQualifier*& qualifier, WString* evaluatedText) {
   storage.clear();
   qualifier = &storage;
-  if (part == nullptr && !required) return CErrorText();
+  if (part == nullptr && whenAbsent == WhenAbsent::IsEmpty) return CErrorText();
   if (part != nullptr && part->Kind() == PartKind::ArgText) {
     if (evaluatedText != nullptr) evaluatedText->assign(part->Value());
     const CParamQualifier* constant = nullptr;
@@ -141,11 +141,11 @@ CErrorText EvaluateQualifierInPlace(const CFunction& function, const CParsePart*
 }
 
 CErrorText EvaluateQualifier(const CFunction& function, const CParsePart* part, WStringView displayName,
-                             CProcessContext& context, bool required, CParamQualifier& qualifier,
+                             CProcessContext& context, WhenAbsent whenAbsent, CParamQualifier& qualifier,
                              WString* evaluatedText) {
   const CParamQualifier* evaluated = nullptr;
   CErrorText errorText =
-      EvaluateQualifierInPlace(function, part, displayName, context, required, qualifier, evaluated, evaluatedText);
+      EvaluateQualifierInPlace(function, part, displayName, context, whenAbsent, qualifier, evaluated, evaluatedText);
   if (evaluated != &qualifier) qualifier = *evaluated;
   return errorText;
 }

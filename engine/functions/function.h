@@ -33,6 +33,13 @@ enum class WithoutValue {
   IsEmptyText,  // the empty text
 };
 
+// What an argument that is not written at all gives where a parameter
+// reference is evaluated.
+enum class WhenAbsent {
+  IsError,  // MsgArgumentMissing at the call
+  IsEmpty,  // the empty reference
+};
+
 class CFunction {
  public:
   CFunction() = default;
@@ -80,17 +87,18 @@ CErrorText AppendText(const CFunction& function, const CParsePart* part, WString
                       CProcessContext& context, WithoutValue withoutValue, WString& output);
 
 // Evaluates an argument to text and parses the text as a parameter reference.
-// An absent argument gives an empty qualifier when not `required`.
+// An absent argument is MsgArgumentMissing, or the empty qualifier, as
+// `whenAbsent` says.
 // `evaluatedText`, when given, receives the text (for messages that name it).
 CErrorText EvaluateQualifier(const CFunction& function, const CParsePart* part, WStringView displayName,
-                             CProcessContext& context, bool required, CParamQualifier& qualifier,
+                             CProcessContext& context, WhenAbsent whenAbsent, CParamQualifier& qualifier,
                              WString* evaluatedText = nullptr);
 
 // As EvaluateQualifier, without the copy: `qualifier` points to the parsed
 // reference, kept in the part for a constant text and in `storage` for any
 // other. Valid while the part and `storage` are.
 CErrorText EvaluateQualifierInPlace(const CFunction& function, const CParsePart* part, WStringView displayName,
-                                    CProcessContext& context, bool required, CParamQualifier& storage,
+                                    CProcessContext& context, WhenAbsent whenAbsent, CParamQualifier& storage,
                                     const CParamQualifier*& qualifier, WString* evaluatedText = nullptr);
 
 // Evaluates an argument into `target` (cleared first): a reference makes the

@@ -16,7 +16,7 @@ namespace {
 // Evaluates the "param" argument every function here requires.
 CErrorText EvaluateTarget(const CFunction& function, ArgumentSlot param, CProcessContext& context,
                           CParamQualifier& qualifier, WString* text = nullptr) {
-  return EvaluateQualifier(function, param, u"Param", context, true, qualifier, text);
+  return EvaluateQualifier(function, param, u"Param", context, WhenAbsent::IsError, qualifier, text);
 }
 
 const CParam* FindExisting(const CProcessContext& context, const CParamQualifier& qualifier) {
@@ -78,7 +78,7 @@ CErrorText CFunctionUse::Execute(CProcessContext& context, WString& output) {
   CParamQualifier storage;
   const CParamQualifier* qualifier = nullptr;
   WString text;
-  CErrorText errorText = EvaluateQualifierInPlace(*this, param_, u"Param", context, true, storage, qualifier, &text);
+  CErrorText errorText = EvaluateQualifierInPlace(*this, param_, u"Param", context, WhenAbsent::IsError, storage, qualifier, &text);
   if (!errorText.empty()) return errorText;
   if (const CParam* found = FindExisting(context, *qualifier)) {
     output += found->GetValue();

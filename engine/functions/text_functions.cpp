@@ -128,7 +128,7 @@ const CArgumentTable& CFunctionSplit::Arguments() const {
 CErrorText CFunctionSplit::Execute(CProcessContext& context, WString&) {
   CParamQualifier target;
   WString what, on;
-  CErrorText errorText = EvaluateQualifier(*this, param_, u"Param", context, true, target);
+  CErrorText errorText = EvaluateQualifier(*this, param_, u"Param", context, WhenAbsent::IsError, target);
   if (errorText.empty()) errorText = EvaluateText(*this, what_, u"What", context, WithoutValue::IsError, what);
   if (errorText.empty()) errorText = EvaluateText(*this, on_, u"On", context, WithoutValue::IsError, on);
   if (!errorText.empty()) return errorText;
@@ -153,7 +153,7 @@ const CArgumentTable& CFunctionJoin::Arguments() const {
 CErrorText CFunctionJoin::Execute(CProcessContext& context, WString& output) {
   CParamQualifier source;
   WString sourceText, with;
-  CErrorText errorText = EvaluateQualifier(*this, param_, u"Param", context, true, source, &sourceText);
+  CErrorText errorText = EvaluateQualifier(*this, param_, u"Param", context, WhenAbsent::IsError, source, &sourceText);
   if (errorText.empty()) errorText = EvaluateText(*this, with_, u"With", context, WithoutValue::IsError, with);
   ParamOrder order = ParamOrder::ByNumber;
   bool descending = false;

@@ -62,7 +62,7 @@ CErrorText CFunctionMakeFunction::DeclareArguments(CProcessContext& context, CUs
       CParamQualifier qualifier;
       WString text;
       CErrorText errorText =
-          EvaluateQualifier(*this, argument.Get(), kKindDisplayNames[kind], context, true, qualifier, &text);
+          EvaluateQualifier(*this, argument.Get(), kKindDisplayNames[kind], context, WhenAbsent::IsError, qualifier, &text);
       if (errorText.empty() && qualifier.size() != 1) {
         AddErrorAt(errorText, MsgArgumentDefinitionHasIndices, *argument, {{u"[PARAM]", text}});
       }
