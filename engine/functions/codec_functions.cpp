@@ -60,7 +60,9 @@ CErrorText CFunctionEncode::Execute(CProcessContext& context, WString& output) {
   CParam storage;
   const CParam* what = nullptr;
   CErrorText errorText = EvaluateText(*this, for_, u"For", context, WithoutValue::IsError, keyword);
-  if (errorText.empty()) errorText = EvaluateParamInPlace(*this, what_, u"What", context, WithoutValue::IsError, storage, what);
+  if (errorText.empty()) {
+    errorText = EvaluateParamInPlace(*this, what_, u"What", context, WithoutValue::IsError, storage, what);
+  }
   if (!errorText.empty()) return errorText;
 
   const CCodecFormat* format = FindCodecFormat(keyword);

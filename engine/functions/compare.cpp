@@ -76,7 +76,9 @@ CErrorText CFunctionCompare::CompareTexts(CProcessContext& context, bool& holds)
   WString subject;
   WString comparand;
   CErrorText errorText = EvaluateText(*this, subject_, u"What", context, WithoutValue::IsError, subject);
-  if (errorText.empty()) errorText = EvaluateText(*this, comparand_, kComparandNames[kind_], context, WithoutValue::IsError, comparand);
+  if (errorText.empty()) {
+    errorText = EvaluateText(*this, comparand_, kComparandNames[kind_], context, WithoutValue::IsError, comparand);
+  }
   if (!errorText.empty()) return errorText;
   const int order = CompareText(subject, comparand, caseSensitive_ != nullptr);
   switch (kind_) {

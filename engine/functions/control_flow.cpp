@@ -122,10 +122,14 @@ CErrorText CFunctionFor::Execute(CProcessContext& context, WString& output) {
   WString to;
   WString step = u"1";
   CErrorText errorText = EvaluateQualifier(*this, value_, u"Value", context, WhenAbsent::IsEmpty, value);
-  if (errorText.empty()) errorText = EvaluateQualifier(*this, loopNumber_, u"LoopNr", context, WhenAbsent::IsEmpty, loopNumber);
+  if (errorText.empty()) {
+    errorText = EvaluateQualifier(*this, loopNumber_, u"LoopNr", context, WhenAbsent::IsEmpty, loopNumber);
+  }
   if (errorText.empty()) errorText = EvaluateText(*this, from_, u"From", context, WithoutValue::IsError, from);
   if (errorText.empty()) errorText = EvaluateText(*this, to_, u"To", context, WithoutValue::IsError, to);
-  if (errorText.empty() && step_ != nullptr) errorText = EvaluateText(*this, step_, u"Step", context, WithoutValue::IsError, step);
+  if (errorText.empty() && step_ != nullptr) {
+    errorText = EvaluateText(*this, step_, u"Step", context, WithoutValue::IsError, step);
+  }
   if (!errorText.empty()) return errorText;
   const std::int32_t stepNumber = ReadInteger(step);
   if (stepNumber == 0) {
@@ -165,11 +169,15 @@ CErrorText CFunctionForEach::Execute(CProcessContext& context, WString& output) 
   CParamQualifier in;
   WString inText;
   CErrorText errorText = EvaluateQualifier(*this, value_, u"Value", context, WhenAbsent::IsEmpty, value);
-  if (errorText.empty()) errorText = EvaluateQualifier(*this, indexName_, u"IndexName", context, WhenAbsent::IsEmpty, indexName);
+  if (errorText.empty()) {
+    errorText = EvaluateQualifier(*this, indexName_, u"IndexName", context, WhenAbsent::IsEmpty, indexName);
+  }
   if (errorText.empty()) {
     errorText = EvaluateQualifier(*this, indexNumber_, u"IndexNumber", context, WhenAbsent::IsEmpty, indexNumber);
   }
-  if (errorText.empty()) errorText = EvaluateQualifier(*this, loopNumber_, u"LoopNr", context, WhenAbsent::IsEmpty, loopNumber);
+  if (errorText.empty()) {
+    errorText = EvaluateQualifier(*this, loopNumber_, u"LoopNr", context, WhenAbsent::IsEmpty, loopNumber);
+  }
   if (errorText.empty()) errorText = EvaluateQualifier(*this, in_, u"In", context, WhenAbsent::IsError, in, &inText);
   ParamOrder order = ParamOrder::ByNumber;
   bool descending = false;
@@ -208,7 +216,8 @@ const CArgumentTable& CFunctionGate::Arguments() const {
 CErrorText CFunctionGate::EvaluateParams(CProcessContext& context, std::vector<CParamQualifier>& params) const {
   params.resize(params_.size());
   for (std::size_t i = 0; i < params_.size(); ++i) {
-    CErrorText errorText = EvaluateQualifier(*this, params_[i].Get(), u"Param", context, WhenAbsent::IsError, params[i]);
+    CErrorText errorText =
+        EvaluateQualifier(*this, params_[i].Get(), u"Param", context, WhenAbsent::IsError, params[i]);
     if (!errorText.empty()) return errorText;
   }
   return CErrorText();

@@ -79,14 +79,16 @@ const CParam* FindReferenced(const CParsePart& part, CProcessContext& context, C
 
 // The checks common to every evaluation: a missing argument, a flag without
 // value. True when the caller should go on with the part's kind.
-bool CheckPresence(const CFunction& function, const CParsePart* part, WStringView displayName, WithoutValue withoutValue,
-                   CErrorText& errorText) {
+bool CheckPresence(const CFunction& function, const CParsePart* part, WStringView displayName,
+                   WithoutValue withoutValue, CErrorText& errorText) {
   if (part == nullptr) {
     errorText = ArgumentMissingError(function.CallPart(), displayName);
     return false;
   }
   if (part->Kind() == PartKind::ArgFlag) {
-    if (withoutValue == WithoutValue::IsError) AddErrorAt(errorText, MsgArgumentMissingValue, *part, {{u"[ARG]", displayName}});
+    if (withoutValue == WithoutValue::IsError) {
+      AddErrorAt(errorText, MsgArgumentMissingValue, *part, {{u"[ARG]", displayName}});
+    }
     return false;
   }
   return true;
@@ -151,7 +153,8 @@ CErrorText EvaluateQualifier(const CFunction& function, const CParsePart* part, 
 }
 
 CErrorText EvaluateParamInPlace(const CFunction& function, const CParsePart* part, WStringView displayName,
-                                CProcessContext& context, WithoutValue withoutValue, CParam& storage, const CParam*& param) {
+                                CProcessContext& context, WithoutValue withoutValue, CParam& storage,
+                                const CParam*& param) {
   param = nullptr;
   CErrorText errorText;
   if (part != nullptr && part->Kind() == PartKind::ArgReference) {

@@ -111,7 +111,8 @@ CErrorText EvaluateParam(const CFunction& function, const CParsePart* part, WStr
 // names, any other value is set in `storage` and `param` points there. The
 // node is for reading before anything changes the tree again.
 CErrorText EvaluateParamInPlace(const CFunction& function, const CParsePart* part, WStringView displayName,
-                                CProcessContext& context, WithoutValue withoutValue, CParam& storage, const CParam*& param);
+                                CProcessContext& context, WithoutValue withoutValue, CParam& storage,
+                                const CParam*& param);
 
 // Evaluates an option argument and compares the text, ignoring case, with
 // `keywords` in order; `choice` receives the index of the first match. No

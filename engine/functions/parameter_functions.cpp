@@ -78,7 +78,8 @@ CErrorText CFunctionUse::Execute(CProcessContext& context, WString& output) {
   CParamQualifier storage;
   const CParamQualifier* qualifier = nullptr;
   WString text;
-  CErrorText errorText = EvaluateQualifierInPlace(*this, param_, u"Param", context, WhenAbsent::IsError, storage, qualifier, &text);
+  CErrorText errorText =
+      EvaluateQualifierInPlace(*this, param_, u"Param", context, WhenAbsent::IsError, storage, qualifier, &text);
   if (!errorText.empty()) return errorText;
   if (const CParam* found = FindExisting(context, *qualifier)) {
     output += found->GetValue();

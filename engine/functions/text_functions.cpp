@@ -78,7 +78,9 @@ const CArgumentTable& CFunctionReplace::Arguments() const {
 CErrorText CFunctionReplace::Execute(CProcessContext& context, WString& output) {
   WString what, by, in;
   CErrorText errorText = EvaluateText(*this, what_, u"What", context, WithoutValue::IsError, what);
-  if (errorText.empty() && by_ != nullptr) errorText = EvaluateText(*this, by_, u"By", context, WithoutValue::IsError, by);
+  if (errorText.empty() && by_ != nullptr) {
+    errorText = EvaluateText(*this, by_, u"By", context, WithoutValue::IsError, by);
+  }
   if (errorText.empty()) errorText = EvaluateText(*this, in_, u"In", context, WithoutValue::IsError, in);
   if (errorText.empty()) output += ReplaceOccurrences(in, what, by, caseSensitive_ != nullptr);
   return errorText;

@@ -61,8 +61,8 @@ CErrorText CFunctionMakeFunction::DeclareArguments(CProcessContext& context, CUs
     for (const CParsePartRef& argument : *declarations[kind]) {
       CParamQualifier qualifier;
       WString text;
-      CErrorText errorText =
-          EvaluateQualifier(*this, argument.Get(), kKindDisplayNames[kind], context, WhenAbsent::IsError, qualifier, &text);
+      CErrorText errorText = EvaluateQualifier(*this, argument.Get(), kKindDisplayNames[kind], context,
+                                               WhenAbsent::IsError, qualifier, &text);
       if (errorText.empty() && qualifier.size() != 1) {
         AddErrorAt(errorText, MsgArgumentDefinitionHasIndices, *argument, {{u"[PARAM]", text}});
       }

@@ -26,8 +26,16 @@ TEST(ErrorText, BuildsLinesAndDetails) {
   const ErrorTextCase cases[] = {
       {"nothing added is success", [] { return CErrorText(); }, ""},
       {"a first line has no break before it", [] { return Lines({u"- one"}); }, "- one"},
-      {"lines are joined by CR LF", [] { return Lines({u"- one", u"- two"}); }, "- one\r\n- two"},
-      {"an empty line still makes a break after a line", [] { return Lines({u"- one", u""}); }, "- one\r\n"},
+      {"lines are joined by CR LF",
+       [] {
+         return Lines({u"- one", u"- two"});
+       },
+       "- one\r\n- two"},
+      {"an empty line still makes a break after a line",
+       [] {
+         return Lines({u"- one", u""});
+       },
+       "- one\r\n"},
       {"a detail breaks even at the start",
        [] {
          CErrorText errorText;
@@ -43,7 +51,9 @@ TEST(ErrorText, BuildsLinesAndDetails) {
        },
        "- one\r\n- why"},
       {"a message detail fills its placeholders",
-       [] { return DetailError(MsgCannotReadFile, {{u"[FILEPATH]", u"a.txt"}}); },
+       [] {
+         return DetailError(MsgCannotReadFile, {{u"[FILEPATH]", u"a.txt"}});
+       },
        "\r\n- Cannot read from file \"a.txt\""},
       {"a value that holds another placeholder is not filled again",
        [] {
@@ -58,10 +68,11 @@ TEST(ErrorText, BuildsLinesAndDetails) {
        },
        "\r\n- Cannot read from file \"a\"\r\n- Cannot read from file \"b\""},
       {"a message alone is one line without a dash",
-       [] { return MessageError(MsgCannotReadFile, {{u"[FILEPATH]", u"a.txt"}}); },
+       [] {
+         return MessageError(MsgCannotReadFile, {{u"[FILEPATH]", u"a.txt"}});
+       },
        "Cannot read from file \"a.txt\""},
-      {"a position is line and column",
-       [] { return PositionError(MsgInvalidJson, 12, 3); },
+      {"a position is line and column", [] { return PositionError(MsgInvalidJson, 12, 3); },
        "\r\n- The specified JSON is invalid at line 12, column 3"},
   };
   for (const ErrorTextCase& c : cases) {
