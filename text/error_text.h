@@ -2,7 +2,7 @@
 // error adds one line, and lines are joined by a carriage return and a line
 // feed. It is a type of its own, not a WString, so an error cannot be handed
 // on as an output text (or an output as an error), and a call whose error
-// nobody looks at does not compile.
+// nobody looks at is a warning, which stops the warnings-as-errors build.
 //
 // The helpers that build error lines from messages live here (a detail line
 // without a location) and in engine/syntax/error_report.h (a line located in
