@@ -90,10 +90,10 @@ double RunOnce(const Benchmark& benchmark, const WString& input) {
   CStringContentSource source{WString(benchmark.templateText)};
   CStringContentDest destination(&output);
   const Clock::time_point start = Clock::now();
-  const WString errors = Process(context, source, destination, Evaluation::Evaluate, Isolation::KeepChanges);
+  const CErrorText errors = Process(context, source, destination, Evaluation::Evaluate, Isolation::KeepChanges);
   const double seconds = std::chrono::duration<double>(Clock::now() - start).count();
   if (!errors.empty()) {
-    std::printf("%s failed: %s\n", benchmark.name, WideToUtf8(errors).c_str());
+    std::printf("%s failed: %s\n", benchmark.name, WideToUtf8(errors.str()).c_str());
     return -1;
   }
   return seconds;

@@ -53,7 +53,7 @@ double ByteCopy(const WString& from, const WString& to) {
 
 double TextCopy(const WString& from, const WString& to) {
   const Clock::time_point start = Clock::now();
-  WString errorText;
+  CErrorText errorText;
   {
     WString text;
     EncodingInfo encoding;

@@ -36,11 +36,11 @@ double TimeTemplate(CProcessContext& context, const WString& text, std::size_t& 
   CStringContentSource source{WString(text)};
   CStringContentDest destination(&output);
   const auto start = std::chrono::steady_clock::now();
-  const WString errors = Process(context, source, destination, Evaluation::Evaluate, Isolation::KeepChanges);
+  const CErrorText errors = Process(context, source, destination, Evaluation::Evaluate, Isolation::KeepChanges);
   const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
   outputSize = output.size();
   if (!errors.empty()) {
-    std::printf("  error report of %zu units\n", errors.size());
+    std::printf("  error report of %zu units\n", errors.str().size());
     return -1;
   }
   return seconds;

@@ -64,7 +64,7 @@ int RunChild(const Format& format, std::size_t records) {
   CStringContentSource source{WString(format.templateText)};
   CStringContentDest destination(&output);
   const Clock::time_point start = Clock::now();
-  const WString errors = Process(context, source, destination, Evaluation::Evaluate, Isolation::KeepChanges);
+  const CErrorText errors = Process(context, source, destination, Evaluation::Evaluate, Isolation::KeepChanges);
   const double seconds = std::chrono::duration<double>(Clock::now() - start).count();
   if (!errors.empty()) return 1;
   std::printf("%.6f %.6f\n", double(input.size()) * sizeof(WChar) / 2 / double(1 << 20), seconds);

@@ -87,10 +87,10 @@ double Measure(const char* label, const WString& text, int runs = kRuns) {
     WString copy = text;
     auto parser = std::make_unique<CParser>();
     const Clock::time_point start = Clock::now();
-    const WString error = parser->Parse(std::move(copy), u"bench");
+    const CErrorText error = parser->Parse(std::move(copy), u"bench");
     const Clock::time_point parsed = Clock::now();
     if (!error.empty()) {
-      std::printf("%s: unexpected error: %s\n", label, WideToUtf8(error).c_str());
+      std::printf("%s: unexpected error: %s\n", label, WideToUtf8(error.str()).c_str());
       return 0;
     }
     parts = CountParts(*parser->GetRoot());

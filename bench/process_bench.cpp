@@ -44,7 +44,7 @@ int ProcessOnce(const char* in, const char* out) {
                             InFileParam::Set);
   CFileContentDest destination(std::filesystem::path(out).u16string(), EncodingType::Ascii, false, true);
   const Clock::time_point start = Clock::now();
-  const WString errors = Process(context, source, destination, Evaluation::Evaluate, Isolation::Isolated);
+  const CErrorText errors = Process(context, source, destination, Evaluation::Evaluate, Isolation::Isolated);
   const double seconds = Seconds(start);
   if (!errors.empty()) {
     std::fprintf(stderr, "processing failed\n");

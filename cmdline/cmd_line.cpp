@@ -11,7 +11,7 @@ CCmdLine::CCmdLine(Platform::SwitchSyntax syntax) : syntax_(syntax) {}
 void CCmdLine::Reset() {
   entries_.clear();
   stopped_ = false;
-  errorText_.clear();
+  errorText_ = CErrorText();
 }
 
 void CCmdLine::AddToken(WString& token) {
@@ -72,7 +72,7 @@ void CCmdLine::SetArguments(const std::vector<WString>& arguments) {
 
 bool CCmdLine::Process(ICmdLineProcessor& processor) {
   stopped_ = false;
-  errorText_.clear();
+  errorText_ = CErrorText();
   auto current = entries_.cbegin();
   while (current != entries_.cend() && !stopped_) {
     SwitchResult result = processor.ProcessSwitch(current, entries_.cend());

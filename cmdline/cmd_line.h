@@ -8,6 +8,7 @@
 #include "cmdline/switch_processor.h"
 #include "platform/switch_syntax.h"
 #include "text/base/wide_string.h"
+#include "text/error_text.h"
 
 namespace NScrivolt {
 
@@ -35,7 +36,7 @@ class CCmdLine {
   const CCmdLineEntries& Entries() const { return entries_; }
   bool Stopped() const { return stopped_; }
   // The message of the switch that stopped the loop; empty when none did.
-  const WString& ErrorText() const { return errorText_; }
+  const CErrorText& ErrorText() const { return errorText_; }
 
  private:
   void Reset();
@@ -45,7 +46,7 @@ class CCmdLine {
   WString source_;
   CCmdLineEntries entries_;
   bool stopped_ = false;
-  WString errorText_;
+  CErrorText errorText_;
 };
 
 }  // namespace NScrivolt

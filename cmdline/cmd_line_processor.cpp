@@ -26,7 +26,7 @@ bool CCmdLineProcessor::Run(const std::vector<WString>& arguments) {
   return Finish(commandLine.Process(*this));
 }
 
-// "Nothing specified to process" is an error line but does not change the result.
+// MsgNothingToProcess is an error line but does not change the result.
 bool CCmdLineProcessor::Finish(bool switchesSucceeded) {
   if (!description_.anythingReported) AddFeedback(CText(MsgNothingToProcess).str(), true);
   FlushFeedback();
@@ -35,7 +35,7 @@ bool CCmdLineProcessor::Finish(bool switchesSucceeded) {
 
 bool CCmdLineProcessor::ProcessPair() { return ProcessPairReport().empty(); }
 
-WString CCmdLineProcessor::ProcessPairReport() {
+CErrorText CCmdLineProcessor::ProcessPairReport() {
   WString errorLine;
   if (description_.inFile.empty()) {
     errorLine = CText(MsgNoInputFile).str();
@@ -46,15 +46,15 @@ WString CCmdLineProcessor::ProcessPairReport() {
     CFileContentSource source(d.inFile, d.inEncoding.type, d.inEncoding.isExplicit, MissingFile::Error,
                               InFileParam::Set);
     CFileContentDest destination(d.outFile, d.outEncoding.type, d.outEncoding.isExplicit, true);
-    const WString errors = Process(context_, source, destination, Evaluation::Evaluate, Isolation::Isolated);
+    const CErrorText errors = Process(context_, source, destination, Evaluation::Evaluate, Isolation::Isolated);
     if (errors.empty()) {
       AddFeedback(CText(MsgProcessed).Fill({{u"[INFILEPATH]", d.inFile}, {u"[OUTFILEPATH]", d.outFile}}).str(), false);
-      return WString();
+      return CErrorText();
     }
-    errorLine = CText(MsgErrorsOccurred).str() + errors;
+    errorLine = CText(MsgErrorsOccurred).str() + errors.str();
   }
   AddFeedback(errorLine, true);
-  return errorLine;
+  return CErrorText(std::move(errorLine));
 }
 
 void CCmdLineProcessor::AddFeedback(WStringView text, bool isError) {
@@ -89,7 +89,7 @@ void CCmdLineProcessor::WriteFeedbackFile() {
   EncodingInfo encoding;
   encoding.type = EncodingType::Utf8;
   encoding.bom = true;
-  WString writeError;
+  CErrorText writeError;
   if (WriteTextFile(path, description_.feedbackText, encoding, false, writeError)) return;
   screen_.ShowMessage(CText(MsgFeedbackFileNotWritten).Replace(u"[FILEPATH]", description_.feedbackFile).str(),
                       CText(MsgFeedbackFileNotWrittenTitle).str(), Platform::MessageBoxIcon::Warning);

@@ -17,6 +17,7 @@
 #include "engine/process_context.h"
 #include "platform/switch_syntax.h"
 #include "text/base/wide_string.h"
+#include "text/error_text.h"
 
 namespace NScrivolt {
 
@@ -42,7 +43,7 @@ class CCmdLineProcessor : public ICmdLineProcessor {
   // Reads the command file at `path` (as typed) and runs its switches in the
   // file's folder. True when every switch in it succeeded; otherwise
   // `errorText` is the message that stopped it.
-  bool ProcessCommandFile(const WString& path, WString& errorText);
+  bool ProcessCommandFile(const WString& path, CErrorText& errorText);
 
   // Offers a line to the feedback; the feedback mode decides whether it is kept.
   void AddFeedback(WStringView text, bool isError);
@@ -70,7 +71,7 @@ class CCmdLineProcessor : public ICmdLineProcessor {
   };
 
   bool Finish(bool switchesSucceeded);
-  SwitchResult Fail(WString message);
+  SwitchResult Fail(CErrorText error);
   SwitchResult FailFor(MessageId messageId, const CSwitchOptions& options);
   SwitchResult FailInvalidName(const CSwitchOptions& options);
   CParam* FindOrCreateParam(const WString& name);
@@ -88,7 +89,7 @@ class CCmdLineProcessor : public ICmdLineProcessor {
   SwitchResult Go();
 
   // ProcessPair's work: the error line it reported, empty on success.
-  WString ProcessPairReport();
+  CErrorText ProcessPairReport();
   void WriteFeedbackFile();
 
   IRunScreen& screen_;

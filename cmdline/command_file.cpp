@@ -38,12 +38,11 @@ class CNestingLevel {
 
 }  // namespace
 
-bool CCmdLineProcessor::ProcessCommandFile(const WString& path, WString& errorText) {
+bool CCmdLineProcessor::ProcessCommandFile(const WString& path, CErrorText& errorText) {
   if (commandFileDepth_ >= maxCommandFileNesting) {
-    errorText = CText(MsgCommandFilesNestedTooDeep)
-                    .Fill({{u"[NUMBER]", IntegerToText(maxCommandFileNesting)}, {u"[FILEPATH]", path}})
-                    .str();
-    AddFeedback(errorText, true);
+    errorText = MessageError(MsgCommandFilesNestedTooDeep,
+                             {{u"[NUMBER]", IntegerToText(maxCommandFileNesting)}, {u"[FILEPATH]", path}});
+    AddFeedback(errorText.str(), true);
     return false;
   }
   const WString resolved = ResolveFilePath(path, BaseFolder(context_));
@@ -51,10 +50,10 @@ bool CCmdLineProcessor::ProcessCommandFile(const WString& path, WString& errorTe
   EncodingInfo encoding;
   if (choice.isExplicit) encoding.type = choice.type;
   WString text;
-  WString readError;
+  CErrorText readError;
   if (!ReadTextFile(resolved, text, false, encoding, choice.isExplicit, readError)) {
-    errorText = CText(MsgCommandFileReadError).Replace(u"[FILEPATH]", path).str();
-    AddFeedback(errorText, true);
+    errorText = MessageError(MsgCommandFileReadError, {{u"[FILEPATH]", path}});
+    AddFeedback(errorText.str(), true);
     return false;
   }
   CCmdLine commandLine(syntax_);

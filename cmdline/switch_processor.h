@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cmdline/cmd_line_entry.h"
+#include "text/error_text.h"
 #include "text/base/wide_string.h"
 
 namespace NScrivolt {
@@ -9,7 +10,7 @@ namespace NScrivolt {
 struct SwitchResult {
   bool ok = true;
   unsigned optionsConsumed = 0;  // tokens taken behind the switch
-  WString errorText;             // the failure message; empty when ok
+  CErrorText errorText;          // the failure message; empty when ok
 };
 
 class ICmdLineProcessor {

@@ -11,21 +11,21 @@ namespace NScrivolt {
 
 namespace {
 
-SwitchResult Consumed(unsigned options) { return {true, options, WString()}; }
+SwitchResult Consumed(unsigned options) { return {true, options, CErrorText()}; }
 
 }  // namespace
 
-SwitchResult CCmdLineProcessor::Fail(WString message) {
-  AddFeedback(message, true);
-  return {false, 0, std::move(message)};
+SwitchResult CCmdLineProcessor::Fail(CErrorText error) {
+  AddFeedback(error.str(), true);
+  return {false, 0, std::move(error)};
 }
 
 SwitchResult CCmdLineProcessor::FailFor(MessageId messageId, const CSwitchOptions& options) {
-  return Fail(CText(messageId).Replace(u"[SWITCH]", options.switchText).str());
+  return Fail(MessageError(messageId, {{u"[SWITCH]", options.switchText}}));
 }
 
 SwitchResult CCmdLineProcessor::ProcessSwitch(EntryIterator current, EntryIterator end) {
-  if (!current->isSwitch) return Fail(CText(MsgLoneOption).Replace(u"[OPTION]", current->text).str());
+  if (!current->isSwitch) return Fail(MessageError(MsgLoneOption, {{u"[OPTION]", current->text}}));
   const CSwitchOptions options{current->text, current + 1, end};
   switch (FindSwitch(SwitchNameOf(current->text))) {
     case SwitchKind::Question:
@@ -54,7 +54,7 @@ SwitchResult CCmdLineProcessor::ShowHelp() {
 }
 
 SwitchResult CCmdLineProcessor::FailInvalidName(const CSwitchOptions& options) {
-  return Fail(CText(MsgParamNameInvalid).Fill({{u"[PARAM]", options.Text(0)}, {u"[SWITCH]", options.switchText}}));
+  return Fail(MessageError(MsgParamNameInvalid, {{u"[PARAM]", options.Text(0)}, {u"[SWITCH]", options.switchText}}));
 }
 
 // Null when the name is no valid parameter reference.
@@ -117,7 +117,7 @@ SwitchResult CCmdLineProcessor::SetFile(const CSwitchOptions& options, WString& 
 // "/commandfile" FILE
 SwitchResult CCmdLineProcessor::RunCommandFile(const CSwitchOptions& options) {
   if (!options.Has(0)) return FailFor(MsgCommandFileNotSpecified, options);
-  WString errorText;
+  CErrorText errorText;
   if (ProcessCommandFile(options.Text(0), errorText)) return Consumed(1);
   // The message that stopped the file is in the feedback already.
   return {false, 1, std::move(errorText)};
@@ -133,7 +133,7 @@ SwitchResult CCmdLineProcessor::SetFeedbackDest(const CSwitchOptions& options) {
     return Consumed(1);
   }
   if (!EqualsIgnoreCase(destination, u"file")) {
-    return Fail(CText(MsgUnknownFeedbackDest).Fill({{u"[DEST]", destination}, {u"[SWITCH]", options.switchText}}));
+    return Fail(MessageError(MsgUnknownFeedbackDest, {{u"[DEST]", destination}, {u"[SWITCH]", options.switchText}}));
   }
   if (!options.Has(1)) return FailFor(MsgFeedbackFileNotSpecified, options);
   FlushFeedback();
@@ -153,7 +153,7 @@ SwitchResult CCmdLineProcessor::SetFeedbackMode(const CSwitchOptions& options) {
       return Consumed(1);
     }
   }
-  return Fail(CText(MsgUnknownFeedbackMode).Fill({{u"[MODE]", options.Text(0)}, {u"[SWITCH]", options.switchText}}));
+  return Fail(MessageError(MsgUnknownFeedbackMode, {{u"[MODE]", options.Text(0)}, {u"[SWITCH]", options.switchText}}));
 }
 
 // "/inencoding", "/outencoding", "/commandfileencoding" ENCODING
@@ -161,7 +161,7 @@ SwitchResult CCmdLineProcessor::SetEncoding(const CSwitchOptions& options, CEnco
   if (!options.Has(0)) return FailFor(MsgEncodingNotSpecified, options);
   CEncodingChoice parsed = encoding;
   if (!ParseEncodingName(options.Text(0), parsed.type, parsed.isExplicit)) {
-    return Fail(CText(MsgUnknownEncoding).Fill({{u"[TYPE]", options.Text(0)}, {u"[SWITCH]", options.switchText}}));
+    return Fail(MessageError(MsgUnknownEncoding, {{u"[TYPE]", options.Text(0)}, {u"[SWITCH]", options.switchText}}));
   }
   encoding = parsed;
   return Consumed(1);
@@ -169,7 +169,7 @@ SwitchResult CCmdLineProcessor::SetEncoding(const CSwitchOptions& options, CEnco
 
 // "/go"
 SwitchResult CCmdLineProcessor::Go() {
-  WString errorLine = ProcessPairReport();
+  CErrorText errorLine = ProcessPairReport();
   if (errorLine.empty()) return Consumed(0);
   return {false, 0, std::move(errorLine)};
 }

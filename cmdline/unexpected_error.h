@@ -8,8 +8,8 @@ namespace NScrivolt {
 // The exit code of a program that an unexpected error stopped.
 constexpr int kUnexpectedErrorExitCode = 255;
 
-// Shows the unhandled-error box (on POSIX: standard error) with `description`,
-// or "an unknown error occurred" when it is empty.
+// Shows the unhandled-error box MsgUnhandledError (on POSIX: standard error)
+// with `description`, or MsgUnknownErrorOccurred when it is empty.
 void ShowUnexpectedError(WStringView description);
 
 }  // namespace NScrivolt

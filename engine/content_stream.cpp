@@ -33,8 +33,8 @@ void CFileContentSource::Prepare() {
   if (explicit_) record_->encoding.type = type_;
 }
 
-WString CFileContentSource::Read(WString& text) {
-  WString errorText;
+CErrorText CFileContentSource::Read(WString& text) {
+  CErrorText errorText;
   const WString resolved = ResolveFilePath(path_, BaseFolder(*context_));
   ReadTextFile(resolved, text, missingFile_ == MissingFile::EmptyText, record_->encoding, explicit_, errorText);
   return errorText;
@@ -46,9 +46,9 @@ void CStringContentSource::Prepare() {
   record_->description = !description.empty() ? description : CText(MsgReprocessedContent).str();
 }
 
-WString CStringContentSource::Read(WString& text) {
+CErrorText CStringContentSource::Read(WString& text) {
   text = std::move(text_);  // a source is read once
-  return WString();
+  return CErrorText();
 }
 
 CFileContentDest::CFileContentDest(WString path, EncodingType type, bool isExplicit, bool setOutFile)
@@ -73,8 +73,8 @@ CEncodedOutput* CFileContentDest::EncodedOutput() {
   return encoded_.get();
 }
 
-WString CFileContentDest::Write(WString text) {
-  WString errorText;
+CErrorText CFileContentDest::Write(WString text) {
+  CErrorText errorText;
   const WString resolved = ResolveFilePath(path_, BaseFolder(*context_));
   if (encoded_ != nullptr) {
     WriteEncodedTextFile(resolved, *encoded_, std::move(text), Encoding(), explicit_, errorText);
@@ -87,9 +87,9 @@ WString CFileContentDest::Write(WString text) {
 
 CStringContentDest::CStringContentDest(WString* target) : target_(target) {}
 
-WString CStringContentDest::Write(WString text) {
+CErrorText CStringContentDest::Write(WString text) {
   if (target_ != nullptr) *target_ = std::move(text);
-  return WString();
+  return CErrorText();
 }
 
 }  // namespace NScrivolt

@@ -10,6 +10,7 @@
 #include "text/encoded_output.h"
 #include "text/encoding.h"
 #include "text/base/wide_string.h"
+#include "text/error_text.h"
 
 namespace NScrivolt {
 
@@ -33,7 +34,7 @@ class CContent {
 class CContentSource : public CContent {
  public:
   // Reads the whole text; returns the error text (empty on success).
-  virtual WString Read(WString& text) = 0;
+  virtual CErrorText Read(WString& text) = 0;
 
   // A template read from a file is evaluated in that file's folder; a text
   // from memory stays in the folder of the template that produced it.
@@ -53,7 +54,7 @@ class CFileContentSource : public CContentSource {
  public:
   CFileContentSource() = default;
   CFileContentSource(WString path, EncodingType type, bool isExplicit, MissingFile missingFile, InFileParam inFile);
-  WString Read(WString& text) override;
+  CErrorText Read(WString& text) override;
   bool IsFile() const override { return true; }
 
  protected:
@@ -71,7 +72,7 @@ class CStringContentSource : public CContentSource {
  public:
   CStringContentSource() = default;
   explicit CStringContentSource(WString text);
-  WString Read(WString& text) override;
+  CErrorText Read(WString& text) override;
 
  protected:
   void Prepare() override;
@@ -84,7 +85,7 @@ class CContentDest : public CContent {
  public:
   // Writes the whole produced text; returns the error text (empty on success).
   // When EncodedOutput gave a keeper, `text` is what was not handed to it.
-  virtual WString Write(WString text) = 0;
+  virtual CErrorText Write(WString text) = 0;
   // A keeper for the output as encoded bytes, when this destination writes
   // them; null when it takes the text whole. Asked once the source was read.
   virtual CEncodedOutput* EncodedOutput() { return nullptr; }
@@ -94,7 +95,7 @@ class CFileContentDest : public CContentDest {
  public:
   CFileContentDest() = default;
   CFileContentDest(WString path, EncodingType type, bool isExplicit, bool setOutFile);
-  WString Write(WString text) override;
+  CErrorText Write(WString text) override;
   CEncodedOutput* EncodedOutput() override;
 
  protected:
@@ -114,7 +115,7 @@ class CStringContentDest : public CContentDest {
  public:
   CStringContentDest() = default;
   explicit CStringContentDest(WString* target);
-  WString Write(WString text) override;
+  CErrorText Write(WString text) override;
 
  protected:
   void Prepare() override {}

@@ -99,9 +99,9 @@ void HandOnOutput(CProcessContext& context, WString& output) {
 // A template that is one text without escapes is its own output: its text is
 // handed on instead of being copied, which spares a large text-only template
 // a second copy of itself. Like any evaluation it takes a nesting level.
-WString EvaluateParsed(CParser& parser, CProcessContext& context, WString& output) {
+CErrorText EvaluateParsed(CParser& parser, CProcessContext& context, WString& output) {
   if (!parser.IsVerbatim()) return EvaluateParts(*parser.GetRoot(), context, output);
-  WString errorText = EnterNesting(context, *parser.GetRoot());
+  CErrorText errorText = EnterNesting(context, *parser.GetRoot());
   if (!errorText.empty()) return errorText;
   LeaveNesting(context);
   output = parser.TakeText();
@@ -112,8 +112,8 @@ WString EvaluateParsed(CParser& parser, CProcessContext& context, WString& outpu
 // run, in the folder of the template's file. A text from memory keeps the
 // current directory: the currentFile it inherits is relative to the folder
 // that was current when the enclosing file was read, not to this one.
-WString EvaluateTemplate(CProcessContext& context, const CFileRecord& record, WString text, bool isolated,
-                         WString& output) {
+CErrorText EvaluateTemplate(CProcessContext& context, const CFileRecord& record, WString text, bool isolated,
+                            WString& output) {
   CCurrentDirectoryChange directory;
   if (record.source->IsFile() && !record.currentFile.empty()) {
     directory.ToFolderOf(ResolveFilePath(record.currentFile, BaseFolder(context)));
@@ -123,15 +123,15 @@ WString EvaluateTemplate(CProcessContext& context, const CFileRecord& record, WS
   SetTopLevelValue(context, kCurrentFileParam, record.currentFile);
   SetTopLevelValue(context, kOutFileParam, record.outFile);
   CParser parser;
-  WString errorText = parser.Parse(std::move(text), record.description);
+  CErrorText errorText = parser.Parse(std::move(text), record.description);
   if (errorText.empty()) errorText = EvaluateParsed(parser, context, output);
   return errorText;
 }
 
 }  // namespace
 
-WString Process(CProcessContext& context, CContentSource& source, CContentDest& destination, Evaluation evaluation,
-                Isolation isolation) {
+CErrorText Process(CProcessContext& context, CContentSource& source, CContentDest& destination, Evaluation evaluation,
+                   Isolation isolation) {
   CFileRecord record = context.CurrentRecord();
   record.source = &source;
   record.dest = &destination;
@@ -139,7 +139,7 @@ WString Process(CProcessContext& context, CContentSource& source, CContentDest& 
   source.Attach(context, record);
   destination.Attach(context, record);
   WString text;
-  WString errorText = source.Read(text);
+  CErrorText errorText = source.Read(text);
   if (!errorText.empty()) return errorText;
   WString output;
   COutputEncoding encoding(context, output, evaluation == Evaluation::Evaluate ? destination.EncodedOutput() : nullptr);
@@ -152,8 +152,8 @@ WString Process(CProcessContext& context, CContentSource& source, CContentDest& 
   return errorText;
 }
 
-WString EvaluateParts(const CParsePart& part, CProcessContext& context, WString& output) {
-  WString errorText = EnterNesting(context, part);
+CErrorText EvaluateParts(const CParsePart& part, CProcessContext& context, WString& output) {
+  CErrorText errorText = EnterNesting(context, part);
   if (!errorText.empty()) return errorText;
   for (const CParsePartRef& child : part.Children()) {
     if (child->Kind() == PartKind::Text) {

@@ -5,6 +5,7 @@
 #include "engine/content_stream.h"
 #include "engine/process_context.h"
 #include "text/base/wide_string.h"
+#include "text/error_text.h"
 
 namespace NScrivolt {
 
@@ -20,12 +21,12 @@ enum class Isolation { KeepChanges, Isolated };
 // Reads the source, parses and evaluates it (or copies it), and writes the
 // whole output to the destination only when no error arose. Returns the
 // error report (empty on success).
-WString Process(CProcessContext& context, CContentSource& source, CContentDest& destination, Evaluation evaluation,
-                Isolation isolation);
+CErrorText Process(CProcessContext& context, CContentSource& source, CContentDest& destination, Evaluation evaluation,
+                   Isolation isolation);
 
 // Evaluates the children of `part` (a template, an argument's content or a
 // user function's body) in order, appending their output to `output`.
 // Returns the error text; on error the output is incomplete and must be dropped.
-WString EvaluateParts(const CParsePart& part, CProcessContext& context, WString& output);
+CErrorText EvaluateParts(const CParsePart& part, CProcessContext& context, WString& output);
 
 }  // namespace NScrivolt

@@ -19,10 +19,10 @@ void KeepTreesUntilProcessEnds(const CProcessContext& context) {
   kept->push_back(context.setAside);
 }
 
-WString EnterNesting(CProcessContext& context, const CParsePart& at) {
-  WString errorText;
+CErrorText EnterNesting(CProcessContext& context, const CParsePart& at) {
+  CErrorText errorText;
   if (context.nestingDepth > kMaxNestingDepth) {
-    AddError(errorText, CText(MsgTooManyNestedCalls).Replace(u"[NUMBER]", kMaxNestingDepth), at.Location());
+    AddErrorAt(errorText, MsgTooManyNestedCalls, at, {{u"[NUMBER]", IntegerToText(std::int64_t(kMaxNestingDepth))}});
   } else {
     ++context.nestingDepth;
   }

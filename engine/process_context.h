@@ -10,6 +10,7 @@
 #include "engine/user_functions.h"
 #include "text/base/wide_string.h"
 #include "text/encoded_output.h"
+#include "text/error_text.h"
 
 namespace NScrivolt {
 
@@ -70,7 +71,7 @@ void KeepTreesUntilProcessEnds(const CProcessContext& context);
 
 // Enters one more level of nested evaluation; error MsgTooManyNestedCalls located at `at`
 // when the depth is already above the limit.
-WString EnterNesting(CProcessContext& context, const CParsePart& at);
+CErrorText EnterNesting(CProcessContext& context, const CParsePart& at);
 void LeaveNesting(CProcessContext& context);
 
 // The folder relative paths are resolved against: _BasePath when not empty,

@@ -52,7 +52,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const WString copy = text;
 
   CParser parser;
-  CheckErrorText(parser.Parse(std::move(text), u"fuzz"));
+  CheckErrorText(parser.Parse(std::move(text), u"fuzz").str());
   std::vector<const CParsePart*> pending{parser.GetRoot().Get()};
   while (!pending.empty()) {
     const CParsePart* part = pending.back();

@@ -39,7 +39,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   WString output;
   CStringContentSource source{std::move(text)};
   CStringContentDest destination(&output);
-  const WString errors = Process(context, source, destination, Evaluation::Evaluate, Isolation::KeepChanges);
+  const WString errors = Process(context, source, destination, Evaluation::Evaluate, Isolation::KeepChanges).str();
   Check(errors.empty() || errors.compare(0, 2, u"- ") == 0 || errors.compare(0, 4, u"\r\n- ") == 0);
   return 0;
 }

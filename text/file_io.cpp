@@ -26,13 +26,6 @@ WString BelowBasePath(const WString& path, const WString& basePath) {
   return basePath.substr(0, end) + path;
 }
 
-void AddFileError(WString& errorText, MessageId id, const WString& path, WStringView encodingName = {}) {
-  CText message(id);
-  // The encoding name first: the path is the user's text and may hold anything.
-  message.Replace(u"[ENCODING]", encodingName).Replace(u"[FILEPATH]", WStringView(path));
-  AddErrorDetail(errorText, message.str());
-}
-
 // Reads on into buffer[filled, capacity) until it is full or the file ends.
 bool Fill(Platform::CFileReader& reader, char* buffer, std::size_t capacity, std::size_t& filled, bool& atEnd) {
   while (filled < capacity) {
@@ -131,35 +124,35 @@ WString ResolveFilePath(const WString& path, const WString& basePath) {
   return Platform::FullPath(located, full) ? full : located;
 }
 
-bool ReadTextFile(const WString& path, WString& text, bool skipIfMissing, EncodingInfo& encoding,
-                  bool isExplicit, WString& errorText) {
+bool ReadTextFile(const WString& path, WString& text, bool skipIfMissing, EncodingInfo& encoding, bool isExplicit,
+                  CErrorText& errorText) {
   text.clear();
   bool success = skipIfMissing;
   if (Platform::FileExists(path)) success = ReadAndDecode(path, text, encoding, isExplicit);
   if (!success) {
     WString().swap(text);
-    AddFileError(errorText, MsgCannotReadFile, path);
+    AddErrorDetail(errorText, MsgCannotReadFile, {{u"[FILEPATH]", path}});
   }
   return success;
 }
 
 bool WriteTextFile(const WString& path, WStringView text, const EncodingInfo& encoding, bool isExplicit,
-                   WString& errorText) {
+                   CErrorText& errorText) {
   const WStringView encodingName = EncodingDisplayName(encoding.type);
   WriteOutcome outcome = EncodeAndWrite(path, text, encoding.type, encoding.bom);
   if (outcome.converted && outcome.usedDefaultChar) {
     if (isExplicit) {
-      AddFileError(errorText, MsgNotRepresentable, path, encodingName);
+      AddErrorDetail(errorText, MsgNotRepresentable, {{u"[ENCODING]", encodingName}, {u"[FILEPATH]", path}});
       return false;
     }
     outcome = EncodeAndWrite(path, text, EncodingType::Utf8, true);
   }
   if (!outcome.converted) {
-    AddFileError(errorText, MsgConversionError, path, encodingName);
+    AddErrorDetail(errorText, MsgConversionError, {{u"[ENCODING]", encodingName}, {u"[FILEPATH]", path}});
     return false;
   }
   if (!outcome.written) {
-    AddFileError(errorText, MsgCannotWriteFile, path);
+    AddErrorDetail(errorText, MsgCannotWriteFile, {{u"[FILEPATH]", path}});
     return false;
   }
   return true;
@@ -169,7 +162,7 @@ bool WriteTextFile(const WString& path, WStringView text, const EncodingInfo& en
 // way of WriteTextFile over the whole text, so the file and the errors are
 // what they would have been.
 bool WriteEncodedTextFile(const WString& path, CEncodedOutput& encoded, WString rest, const EncodingInfo& encoding,
-                          bool isExplicit, WString& errorText) {
+                          bool isExplicit, CErrorText& errorText) {
   if (encoded.Empty()) return WriteTextFile(path, rest, encoding, isExplicit, errorText);
   encoded.Take(rest);
   if (!encoded.Exact() || !rest.empty()) {
@@ -179,7 +172,7 @@ bool WriteEncodedTextFile(const WString& path, CEncodedOutput& encoded, WString 
   bool written = file.Open(path) && (!encoding.bom || file.Write(ByteOrderMark(encoding.type)));
   for (const std::string& block : encoded.Blocks()) written = written && file.Write(block);
   written = written && file.Commit();
-  if (!written) AddFileError(errorText, MsgCannotWriteFile, path);
+  if (!written) AddErrorDetail(errorText, MsgCannotWriteFile, {{u"[FILEPATH]", path}});
   return written;
 }
 

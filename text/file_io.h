@@ -8,6 +8,7 @@
 #include "text/encoded_output.h"
 #include "text/encoding.h"
 #include "text/base/wide_string.h"
+#include "text/error_text.h"
 
 namespace NScrivolt {
 
@@ -28,20 +29,20 @@ WString ResolveFilePath(const WString& path, const WString& basePath);
 // without a mark, and comes out as what the bytes were: with isExplicit only
 // that type's own mark is looked for; otherwise any mark decides. A missing
 // file is no error when skipIfMissing; otherwise, and for a file that cannot
-// be read or whose bytes are invalid in the ANSI code page, "Cannot read from
-// file" is appended.
-bool ReadTextFile(const WString& path, WString& text, bool skipIfMissing, EncodingInfo& encoding,
-                  bool isExplicit, WString& errorText);
+// be read or whose bytes are invalid in the ANSI code page, the detail line
+// MsgCannotReadFile is appended.
+bool ReadTextFile(const WString& path, WString& text, bool skipIfMissing, EncodingInfo& encoding, bool isExplicit,
+                  CErrorText& errorText);
 
 // Encodes `text` as `encoding` says (mark included when encoding.bom) and
 // replaces the file in one piece. Characters outside the ANSI code page are an
 // error when isExplicit; otherwise the file is written as UTF-8 with a mark.
 bool WriteTextFile(const WString& path, WStringView text, const EncodingInfo& encoding, bool isExplicit,
-                   WString& errorText);
+                   CErrorText& errorText);
 
 // WriteTextFile for a text whose start `encoded` holds, encoded as
 // encoding.type, and whose end is `rest`: the same file, the same errors.
 bool WriteEncodedTextFile(const WString& path, CEncodedOutput& encoded, WString rest, const EncodingInfo& encoding,
-                          bool isExplicit, WString& errorText);
+                          bool isExplicit, CErrorText& errorText);
 
 }  // namespace NScrivolt

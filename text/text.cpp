@@ -12,7 +12,7 @@ namespace {
 constexpr int kFirstLoadBuffer = 256;
 
 // Loads from one module; false when it does not have the message.
-bool LoadFromModule(ModuleHandle module, std::uint32_t id, WString& text) {
+bool LoadFromModule(ModuleHandle module, MessageId id, WString& text) {
   if (module == nullptr) return false;
   EnsureBuiltInStrings();
   std::vector<WChar> buffer(kFirstLoadBuffer);

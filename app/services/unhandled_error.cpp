@@ -3,7 +3,7 @@
 #include <cstdlib>
 
 #include "cmdline/unexpected_error.h"
-#include "platform/win32/wide_cast.h"
+#include "platform/message_box.h"
 #include "text/format.h"
 #include "text/text.h"
 
@@ -42,7 +42,7 @@ LONG WINAPI UnhandledErrorFilter(EXCEPTION_POINTERS* pointers) {
 }
 
 void ShowErrorBox(const WString& text, MessageId title) {
-  MessageBoxW(nullptr, Platform::AsWin(text), Platform::AsWin(CText(title).str()), MB_OK | MB_ICONERROR);
+  Platform::ShowMessageBox(text, CText(title).str(), Platform::MessageBoxIcon::Error);
 }
 
 }  // namespace

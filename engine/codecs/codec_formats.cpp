@@ -14,15 +14,15 @@ namespace {
 // Adapters that give the structured conversions, which cannot fail, the
 // shape of the table.
 template <void (*Decode)(WStringView, CParam&)>
-WString DecodeInfallible(WStringView text, CParam& target) {
+CErrorText DecodeInfallible(WStringView text, CParam& target) {
   Decode(text, target);
-  return WString();
+  return CErrorText();
 }
 
 template <WString (*Encode)(const CParam&)>
-WString EncodeInfallible(const CParam& source, WString& output) {
+CErrorText EncodeInfallible(const CParam& source, WString& output) {
   output += Encode(source);
-  return WString();
+  return CErrorText();
 }
 
 const CCodecFormat kFormats[] = {

@@ -3,6 +3,7 @@
 
 #include "engine/params/param.h"
 #include "text/base/wide_string.h"
+#include "text/error_text.h"
 
 namespace NScrivolt {
 
@@ -13,8 +14,8 @@ struct CCodecFormat {
   WString (*encodeText)(WStringView text);
   WString (*decodeText)(WStringView text);
   // Structured formats: return the error text; `output` is appended to.
-  WString (*encodeTree)(const CParam& source, WString& output);
-  WString (*decodeTree)(WStringView text, CParam& target);
+  CErrorText (*encodeTree)(const CParam& source, WString& output);
+  CErrorText (*decodeTree)(WStringView text, CParam& target);
   // Where a text format has it: encodeText appending to `output` in place.
   void (*appendEncodedText)(WStringView text, WString& output) = nullptr;
 

@@ -279,14 +279,9 @@ std::pair<std::size_t, std::size_t> LineAndColumn(WStringView text, std::size_t 
   return {line, column};
 }
 
-WString InvalidJsonError(WStringView text, std::size_t offset) {
+CErrorText InvalidJsonError(WStringView text, std::size_t offset) {
   const auto [line, column] = LineAndColumn(text, offset);
-  WString errorText;
-  AddErrorDetail(errorText, CText(MsgInvalidJson)
-                                .Fill({{u"[LINE]", IntegerToText(std::int64_t(line))},
-                                       {u"[COLUMN]", IntegerToText(std::int64_t(column))}})
-                                .str());
-  return errorText;
+  return PositionError(MsgInvalidJson, line, column);
 }
 
 // --- encoding ------------------------------------------------------------------
@@ -373,26 +368,23 @@ bool ContinueFrame(WString& out, std::vector<WriteFrame>& frames) {
 
 }  // namespace
 
-WString DecodeJsonTree(WStringView text, CParam& target) {
+CErrorText DecodeJsonTree(WStringView text, CParam& target) {
   CJsonReader reader(text);
-  if (reader.Read(target)) return WString();
+  if (reader.Read(target)) return CErrorText();
   target.Clear();
   return InvalidJsonError(text, reader.FaultAt());
 }
 
-WString EncodeJsonTree(const CParam& source, WString& output) {
+CErrorText EncodeJsonTree(const CParam& source, WString& output) {
   WString text;
   std::vector<WriteFrame> frames;
   bool fits = StartValue(source, 1, text, frames);
   while (fits && !frames.empty()) fits = ContinueFrame(text, frames);
   if (!fits) {
-    WString errorText;
-    AddErrorDetail(errorText,
-                   CText(MsgJsonNestedTooDeep).Replace(u"[NUMBER]", std::int32_t(kMaxEncodedJsonDepth)).str());
-    return errorText;
+    return DetailError(MsgJsonNestedTooDeep, {{u"[NUMBER]", IntegerToText(std::int64_t(kMaxEncodedJsonDepth))}});
   }
   output += text;
-  return WString();
+  return CErrorText();
 }
 
 WString JsonStringEncode(WStringView text) {

@@ -29,6 +29,7 @@
 
 #include "engine/params/param.h"
 #include "text/base/wide_string.h"
+#include "text/error_text.h"
 
 namespace NScrivolt {
 
@@ -39,15 +40,15 @@ constexpr std::size_t kMaxEncodedJsonDepth = 1000;
 
 // Reads `text` as one JSON document into `target`, which the caller has
 // cleared. A malformed document leaves the target empty and returns the
-// detail line "The specified JSON is invalid at line L, column C", the place
-// of the first fault (1-based; columns count characters).
-WString DecodeJsonTree(WStringView text, CParam& target);
+// detail line MsgInvalidJson with the line and column of the first fault
+// (1-based; columns count characters).
+CErrorText DecodeJsonTree(WStringView text, CParam& target);
 
 // Writes `source` as a JSON document indented by two spaces per level, with
 // LF line breaks and none after the last line, into `output`. Returns the
 // error text: a detail line when children nest deeper than
 // kMaxEncodedJsonDepth levels, and then `output` is untouched.
-WString EncodeJsonTree(const CParam& source, WString& output);
+CErrorText EncodeJsonTree(const CParam& source, WString& output);
 
 // The inside of a string literal: `"` and `\` escaped with a backslash,
 // control characters and unpaired surrogates as \u followed by four hex digits.

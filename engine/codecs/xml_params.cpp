@@ -134,13 +134,8 @@ bool LooksLikeSingleElement(WStringView text) {
   return first + 1 < text.size() && text[first + 1] != u'?' && text[first + 1] != u'!';
 }
 
-WString InvalidXmlError(const XmlParseResult& result) {
-  WString errorText;
-  AddErrorDetail(errorText, CText(MsgInvalidXml)
-                                .Fill({{u"[LINE]", IntegerToText(std::int64_t(result.line))},
-                                       {u"[COLUMN]", IntegerToText(std::int64_t(result.column))}})
-                                .str());
-  return errorText;
+CErrorText InvalidXmlError(const XmlParseResult& result) {
+  return PositionError(MsgInvalidXml, result.line, result.column);
 }
 
 // --- encoding ------------------------------------------------------------------
@@ -194,7 +189,7 @@ bool BuildFromXml(WStringView text, CParam& target, bool singleElement, XmlParse
 
 // The tree is built while the document is read, as the shape its start
 // suggests; a document of the other shape is read once more.
-WString DecodeXmlTree(WStringView text, CParam& target) {
+CErrorText DecodeXmlTree(WStringView text, CParam& target) {
   XmlParseResult result;
   if (text.empty()) {
     result = {XmlParseError::NoElementsFound, 0, 0};
@@ -204,10 +199,10 @@ WString DecodeXmlTree(WStringView text, CParam& target) {
   const bool shape = BuildFromXml(text, target, guess, result);
   if (result.error == XmlParseError::None && shape != guess) BuildFromXml(text, target, shape, result);
   if (result.error != XmlParseError::None) return InvalidXmlError(result);
-  return WString();
+  return CErrorText();
 }
 
-WString EncodeXmlTree(const CParam& source, WString& output) {
+CErrorText EncodeXmlTree(const CParam& source, WString& output) {
   WString name = source.GetChildValue(u"name");
   const XmlTreeNode root = name.empty() ? XmlTreeNode::CreateTopElement(std::nullopt)
                                         : XmlTreeNode::CreateTopElement(std::move(name));
@@ -216,14 +211,11 @@ WString EncodeXmlTree(const CParam& source, WString& output) {
     const EncodeStep step = std::move(pending.back());
     pending.pop_back();
     if (!EncodeElement(step, pending)) {
-      WString errorText;
-      AddErrorDetail(errorText,
-                     CText(MsgXmlNestedTooDeep).Replace(u"[NUMBER]", std::int32_t(kMaxEncodedXmlDepth)).str());
-      return errorText;
+      return DetailError(MsgXmlNestedTooDeep, {{u"[NUMBER]", IntegerToText(std::int64_t(kMaxEncodedXmlDepth))}});
     }
   }
   output += WriteXmlText(root, true);
-  return WString();
+  return CErrorText();
 }
 
 }  // namespace NScrivolt

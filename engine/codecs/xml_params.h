@@ -22,6 +22,7 @@
 
 #include "engine/params/param.h"
 #include "text/base/wide_string.h"
+#include "text/error_text.h"
 
 namespace NScrivolt {
 
@@ -31,14 +32,14 @@ constexpr std::size_t kMaxEncodedXmlDepth = 1000;
 
 // Reads `text` as an XML document into `target`, which the caller has
 // cleared. Any problem the reader finds, warnings included, leaves the target
-// empty and returns the detail line "The specified XML is invalid at line L,
-// column C" (line 0, column 0 for an empty text).
-WString DecodeXmlTree(WStringView text, CParam& target);
+// empty and returns the detail line MsgInvalidXml with the line and column
+// (line 0, column 0 for an empty text).
+CErrorText DecodeXmlTree(WStringView text, CParam& target);
 
 // Builds a document from `source` and writes it formatted (tabs, LF after
 // every line, no declaration) into `output`. A source without a name writes
 // only its content. Returns the error text: a detail line when sub-tags
 // nest deeper than kMaxEncodedXmlDepth levels, and then `output` is untouched.
-WString EncodeXmlTree(const CParam& source, WString& output);
+CErrorText EncodeXmlTree(const CParam& source, WString& output);
 
 }  // namespace NScrivolt

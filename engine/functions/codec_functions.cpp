@@ -20,12 +20,12 @@ const CArgumentTable& CFunctionDecode::Arguments() const {
   return table;
 }
 
-WString CFunctionDecode::Execute(CProcessContext& context, WString& output) {
+CErrorText CFunctionDecode::Execute(CProcessContext& context, WString& output) {
   WString keyword, what;
   CParamQualifier target;
-  WString errorText = EvaluateText(*this, from_, u"From", context, false, keyword);
-  if (errorText.empty()) errorText = EvaluateText(*this, what_, u"What", context, false, what);
-  if (errorText.empty()) errorText = EvaluateQualifier(*this, to_, u"To", context, false, target);
+  CErrorText errorText = EvaluateText(*this, from_, u"From", context, WithoutValue::IsError, keyword);
+  if (errorText.empty()) errorText = EvaluateText(*this, what_, u"What", context, WithoutValue::IsError, what);
+  if (errorText.empty()) errorText = EvaluateQualifier(*this, to_, u"To", context, WhenAbsent::IsEmpty, target);
   if (!errorText.empty()) return errorText;
   // The target is created and emptied whatever happens next.
   if (to_ != nullptr) context.Root().FindParam(target, true)->Clear();
@@ -55,12 +55,14 @@ const CArgumentTable& CFunctionEncode::Arguments() const {
   return table;
 }
 
-WString CFunctionEncode::Execute(CProcessContext& context, WString& output) {
+CErrorText CFunctionEncode::Execute(CProcessContext& context, WString& output) {
   WString keyword;
   CParam storage;
   const CParam* what = nullptr;
-  WString errorText = EvaluateText(*this, for_, u"For", context, false, keyword);
-  if (errorText.empty()) errorText = EvaluateParamInPlace(*this, what_, u"What", context, false, storage, what);
+  CErrorText errorText = EvaluateText(*this, for_, u"For", context, WithoutValue::IsError, keyword);
+  if (errorText.empty()) {
+    errorText = EvaluateParamInPlace(*this, what_, u"What", context, WithoutValue::IsError, storage, what);
+  }
   if (!errorText.empty()) return errorText;
 
   const CCodecFormat* format = FindCodecFormat(keyword);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "engine/functions/function.h"
+#include "text/error_text.h"
 
 namespace NScrivolt {
 
@@ -13,7 +14,7 @@ namespace NScrivolt {
 class CFunctionDecode : public CFunction {
  public:
   const CArgumentTable& Arguments() const override;
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 
  private:
   ArgumentSlot what_ = nullptr;
@@ -26,7 +27,7 @@ class CFunctionDecode : public CFunction {
 class CFunctionEncode : public CFunction {
  public:
   const CArgumentTable& Arguments() const override;
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 
  private:
   ArgumentSlot what_ = nullptr;

@@ -55,28 +55,30 @@ const CArgumentTable& CFunctionCompare::Arguments() const {
   return table;
 }
 
-WString CFunctionCompare::EvaluateCondition(CProcessContext& context, bool& holds) const {
+CErrorText CFunctionCompare::EvaluateCondition(CProcessContext& context, bool& holds) const {
   holds = false;
-  WString errorText = kind_ == kParamSet || kind_ == kParamNotSet ? TestParamExists(context, holds)
-                                                                   : CompareTexts(context, holds);
+  CErrorText errorText =
+      kind_ == kParamSet || kind_ == kParamNotSet ? TestParamExists(context, holds) : CompareTexts(context, holds);
   if (errorText.empty() && not_ != nullptr) holds = !holds;
   return errorText;
 }
 
-WString CFunctionCompare::TestParamExists(CProcessContext& context, bool& holds) const {
+CErrorText CFunctionCompare::TestParamExists(CProcessContext& context, bool& holds) const {
   CParamQualifier qualifier;
   const WStringView displayName = kind_ == kParamSet ? u"ParamSet" : u"ParamNotSet";
-  WString errorText = EvaluateQualifier(*this, subject_, displayName, context, true, qualifier);
+  CErrorText errorText = EvaluateQualifier(*this, subject_, displayName, context, WhenAbsent::IsError, qualifier);
   if (errorText.empty()) holds = std::as_const(context).Root().ParamExists(qualifier) == (kind_ == kParamSet);
   return errorText;
 }
 
-WString CFunctionCompare::CompareTexts(CProcessContext& context, bool& holds) const {
+CErrorText CFunctionCompare::CompareTexts(CProcessContext& context, bool& holds) const {
   if (comparand_ == nullptr) return ErrorAt(MsgComparisonMissing, CallPart());
   WString subject;
   WString comparand;
-  WString errorText = EvaluateText(*this, subject_, u"What", context, false, subject);
-  if (errorText.empty()) errorText = EvaluateText(*this, comparand_, kComparandNames[kind_], context, false, comparand);
+  CErrorText errorText = EvaluateText(*this, subject_, u"What", context, WithoutValue::IsError, subject);
+  if (errorText.empty()) {
+    errorText = EvaluateText(*this, comparand_, kComparandNames[kind_], context, WithoutValue::IsError, comparand);
+  }
   if (!errorText.empty()) return errorText;
   const int order = CompareText(subject, comparand, caseSensitive_ != nullptr);
   switch (kind_) {

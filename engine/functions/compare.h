@@ -13,6 +13,7 @@
 #pragma once
 
 #include "engine/functions/function.h"
+#include "text/error_text.h"
 
 namespace NScrivolt {
 
@@ -25,11 +26,11 @@ class CFunctionCompare : public CFunction {
   // Evaluates the arguments afresh and tells whether the condition holds.
   // Error MsgComparisonMissing at the call when neither a comparison nor "paramset" /
   // "paramnotset" was written.
-  WString EvaluateCondition(CProcessContext& context, bool& holds) const;
+  CErrorText EvaluateCondition(CProcessContext& context, bool& holds) const;
 
  private:
-  WString TestParamExists(CProcessContext& context, bool& holds) const;
-  WString CompareTexts(CProcessContext& context, bool& holds) const;
+  CErrorText TestParamExists(CProcessContext& context, bool& holds) const;
+  CErrorText CompareTexts(CProcessContext& context, bool& holds) const;
 
   ArgumentSlot subject_ = nullptr;
   ArgumentSlot comparand_ = nullptr;

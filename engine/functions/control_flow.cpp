@@ -14,9 +14,9 @@ namespace NScrivolt {
 namespace {
 
 // Evaluates a body or branch and appends its text to the output.
-WString AppendEvaluation(const CFunction& function, ArgumentSlot part, WStringView displayName,
-                         CProcessContext& context, WString& output) {
-  return AppendText(function, part, displayName, context, false, output);
+CErrorText AppendEvaluation(const CFunction& function, ArgumentSlot part, WStringView displayName,
+                            CProcessContext& context, WString& output) {
+  return AppendText(function, part, displayName, context, WithoutValue::IsError, output);
 }
 
 // Sets a loop parameter (found or created) to a number.
@@ -52,9 +52,9 @@ const CArgumentTable& CFunctionIf::Arguments() const {
   return table;
 }
 
-WString CFunctionIf::Execute(CProcessContext& context, WString& output) {
+CErrorText CFunctionIf::Execute(CProcessContext& context, WString& output) {
   bool holds = false;
-  WString errorText = EvaluateCondition(context, holds);
+  CErrorText errorText = EvaluateCondition(context, holds);
   if (!errorText.empty()) return errorText;
   if (holds) return AppendEvaluation(*this, then_, u"Then", context, output);
   if (else_ != nullptr) return AppendEvaluation(*this, else_, u"Else", context, output);
@@ -72,10 +72,10 @@ const CArgumentTable& CConditionalLoop::Arguments() const {
 }
 
 // Rounds are counted in 64 bits: a loop number never wraps around.
-WString CConditionalLoop::RunLoop(CProcessContext& context, CLoopRule rule, WString& output) const {
+CErrorText CConditionalLoop::RunLoop(CProcessContext& context, CLoopRule rule, WString& output) const {
   const bool testFirst = rule.test == CLoopRule::Test::BeforeRound;
   CParamQualifier loopNumber;
-  WString errorText = EvaluateQualifier(*this, loopNumber_, u"LoopNr", context, false, loopNumber);
+  CErrorText errorText = EvaluateQualifier(*this, loopNumber_, u"LoopNr", context, WhenAbsent::IsEmpty, loopNumber);
   for (std::int64_t round = 1; errorText.empty() && round <= kMaxLoopRounds; ++round) {
     if (loopNumber_ != nullptr) SetNumberParam(context, loopNumber, round);
     bool holds = false;
@@ -93,11 +93,11 @@ WString CConditionalLoop::RunLoop(CProcessContext& context, CLoopRule rule, WStr
   return errorText;
 }
 
-WString CFunctionWhile::Execute(CProcessContext& context, WString& output) {
+CErrorText CFunctionWhile::Execute(CProcessContext& context, WString& output) {
   return RunLoop(context, kWhileRule, output);
 }
 
-WString CFunctionUntil::Execute(CProcessContext& context, WString& output) {
+CErrorText CFunctionUntil::Execute(CProcessContext& context, WString& output) {
   return RunLoop(context, kUntilRule, output);
 }
 
@@ -115,17 +115,21 @@ const CArgumentTable& CFunctionFor::Arguments() const {
   return table;
 }
 
-WString CFunctionFor::Execute(CProcessContext& context, WString& output) {
+CErrorText CFunctionFor::Execute(CProcessContext& context, WString& output) {
   CParamQualifier value;
   CParamQualifier loopNumber;
   WString from;
   WString to;
   WString step = u"1";
-  WString errorText = EvaluateQualifier(*this, value_, u"Value", context, false, value);
-  if (errorText.empty()) errorText = EvaluateQualifier(*this, loopNumber_, u"LoopNr", context, false, loopNumber);
-  if (errorText.empty()) errorText = EvaluateText(*this, from_, u"From", context, false, from);
-  if (errorText.empty()) errorText = EvaluateText(*this, to_, u"To", context, false, to);
-  if (errorText.empty() && step_ != nullptr) errorText = EvaluateText(*this, step_, u"Step", context, false, step);
+  CErrorText errorText = EvaluateQualifier(*this, value_, u"Value", context, WhenAbsent::IsEmpty, value);
+  if (errorText.empty()) {
+    errorText = EvaluateQualifier(*this, loopNumber_, u"LoopNr", context, WhenAbsent::IsEmpty, loopNumber);
+  }
+  if (errorText.empty()) errorText = EvaluateText(*this, from_, u"From", context, WithoutValue::IsError, from);
+  if (errorText.empty()) errorText = EvaluateText(*this, to_, u"To", context, WithoutValue::IsError, to);
+  if (errorText.empty() && step_ != nullptr) {
+    errorText = EvaluateText(*this, step_, u"Step", context, WithoutValue::IsError, step);
+  }
   if (!errorText.empty()) return errorText;
   const std::int32_t stepNumber = ReadInteger(step);
   if (stepNumber == 0) {
@@ -157,20 +161,24 @@ const CArgumentTable& CFunctionForEach::Arguments() const {
   return table;
 }
 
-WString CFunctionForEach::Execute(CProcessContext& context, WString& output) {
+CErrorText CFunctionForEach::Execute(CProcessContext& context, WString& output) {
   CParamQualifier value;
   CParamQualifier indexName;
   CParamQualifier indexNumber;
   CParamQualifier loopNumber;
   CParamQualifier in;
   WString inText;
-  WString errorText = EvaluateQualifier(*this, value_, u"Value", context, false, value);
-  if (errorText.empty()) errorText = EvaluateQualifier(*this, indexName_, u"IndexName", context, false, indexName);
+  CErrorText errorText = EvaluateQualifier(*this, value_, u"Value", context, WhenAbsent::IsEmpty, value);
   if (errorText.empty()) {
-    errorText = EvaluateQualifier(*this, indexNumber_, u"IndexNumber", context, false, indexNumber);
+    errorText = EvaluateQualifier(*this, indexName_, u"IndexName", context, WhenAbsent::IsEmpty, indexName);
   }
-  if (errorText.empty()) errorText = EvaluateQualifier(*this, loopNumber_, u"LoopNr", context, false, loopNumber);
-  if (errorText.empty()) errorText = EvaluateQualifier(*this, in_, u"In", context, true, in, &inText);
+  if (errorText.empty()) {
+    errorText = EvaluateQualifier(*this, indexNumber_, u"IndexNumber", context, WhenAbsent::IsEmpty, indexNumber);
+  }
+  if (errorText.empty()) {
+    errorText = EvaluateQualifier(*this, loopNumber_, u"LoopNr", context, WhenAbsent::IsEmpty, loopNumber);
+  }
+  if (errorText.empty()) errorText = EvaluateQualifier(*this, in_, u"In", context, WhenAbsent::IsError, in, &inText);
   ParamOrder order = ParamOrder::ByNumber;
   bool descending = false;
   if (errorText.empty()) errorText = EvaluateOrder(context, order, descending);
@@ -205,24 +213,25 @@ const CArgumentTable& CFunctionGate::Arguments() const {
   return table;
 }
 
-WString CFunctionGate::EvaluateParams(CProcessContext& context, std::vector<CParamQualifier>& params) const {
+CErrorText CFunctionGate::EvaluateParams(CProcessContext& context, std::vector<CParamQualifier>& params) const {
   params.resize(params_.size());
   for (std::size_t i = 0; i < params_.size(); ++i) {
-    WString errorText = EvaluateQualifier(*this, params_[i].Get(), u"Param", context, true, params[i]);
+    CErrorText errorText =
+        EvaluateQualifier(*this, params_[i].Get(), u"Param", context, WhenAbsent::IsError, params[i]);
     if (!errorText.empty()) return errorText;
   }
-  return WString();
+  return CErrorText();
 }
 
-WString CFunctionGate::EvaluateFunctionNames(CProcessContext& context, std::vector<WString>& names) const {
+CErrorText CFunctionGate::EvaluateFunctionNames(CProcessContext& context, std::vector<WString>& names) const {
   names.resize(functions_.size());
   for (std::size_t i = 0; i < functions_.size(); ++i) {
     WString text;
-    WString errorText = EvaluateText(*this, functions_[i].Get(), u"Function", context, false, text);
+    CErrorText errorText = EvaluateText(*this, functions_[i].Get(), u"Function", context, WithoutValue::IsError, text);
     if (errorText.empty()) errorText = CheckFunctionName(text, *functions_[i], names[i]);
     if (!errorText.empty()) return errorText;
   }
-  return WString();
+  return CErrorText();
 }
 
 namespace {
@@ -254,12 +263,12 @@ void KeepFunctions(const CUserFunctions& live, CUserFunctions& snapshot, const s
 
 // The snapshots are O(1) copies: the tree shares its child lists and the
 // registry its definitions, so only what the content changes is duplicated.
-WString CFunctionGate::Execute(CProcessContext& context, WString& output) {
+CErrorText CFunctionGate::Execute(CProcessContext& context, WString& output) {
   const bool keepParams = allParams_ == nullptr;
   const bool keepFunctions = allFunctions_ == nullptr;
   CParams paramSnapshot;
   std::vector<CParamQualifier> params;
-  WString errorText;
+  CErrorText errorText;
   if (keepParams) {
     paramSnapshot = context.parameters;
     errorText = EvaluateParams(context, params);
@@ -292,9 +301,9 @@ const CArgumentTable& CFunctionNoOutput::Arguments() const {
   return table;
 }
 
-WString CFunctionNoOutput::Execute(CProcessContext& context, WString&) {
+CErrorText CFunctionNoOutput::Execute(CProcessContext& context, WString&) {
   WString dropped;
-  return EvaluateText(*this, content_, u"Content", context, false, dropped);
+  return EvaluateText(*this, content_, u"Content", context, WithoutValue::IsError, dropped);
 }
 
 const CArgumentTable& CFunctionError::Arguments() const {
@@ -304,10 +313,10 @@ const CArgumentTable& CFunctionError::Arguments() const {
   return table;
 }
 
-WString CFunctionError::Execute(CProcessContext& context, WString&) {
+CErrorText CFunctionError::Execute(CProcessContext& context, WString&) {
   WString text;
-  WString errorText = EvaluateText(*this, text_, u"Text", context, false, text);
-  if (errorText.empty()) AddErrorDetail(errorText, text);
+  CErrorText errorText = EvaluateText(*this, text_, u"Text", context, WithoutValue::IsError, text);
+  if (errorText.empty()) errorText.AddDetail(text);
   return errorText;
 }
 

@@ -14,6 +14,7 @@
 #include "engine/functions/function.h"
 #include "engine/functions/compare.h"
 #include "engine/functions/sort_order.h"
+#include "text/error_text.h"
 
 namespace NScrivolt {
 
@@ -22,7 +23,7 @@ namespace NScrivolt {
 class CFunctionIf : public CFunctionCompare {
  public:
   const CArgumentTable& Arguments() const override;
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 
  private:
   ArgumentSlot then_ = nullptr;
@@ -47,7 +48,7 @@ class CConditionalLoop : public CFunctionCompare {
   // Runs the loop: before each round the loop-number parameter (when
   // given) is set to the round's number; the condition is tested as `rule`
   // says.
-  WString RunLoop(CProcessContext& context, CLoopRule rule, WString& output) const;
+  CErrorText RunLoop(CProcessContext& context, CLoopRule rule, WString& output) const;
 
  private:
   ArgumentSlot do_ = nullptr;
@@ -58,14 +59,14 @@ class CConditionalLoop : public CFunctionCompare {
 // holds, testing before each round. N ends as the number of rounds plus one.
 class CFunctionWhile : public CConditionalLoop {
  public:
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 };
 
 // until <condition> do: D [loopnumber: N] — repeats D until the condition
 // holds, testing after each round. N ends as the number of rounds.
 class CFunctionUntil : public CConditionalLoop {
  public:
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 };
 
 // for from: A to: B [step: S] [value: V] [loopnumber: N] do: D — runs D for
@@ -73,7 +74,7 @@ class CFunctionUntil : public CConditionalLoop {
 class CFunctionFor : public CFunction {
  public:
   const CArgumentTable& Arguments() const override;
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 
  private:
   ArgumentSlot value_ = nullptr;
@@ -90,7 +91,7 @@ class CFunctionFor : public CFunction {
 class CFunctionForEach : public CFunctionSortOrder {
  public:
   const CArgumentTable& Arguments() const override;
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 
  private:
   ArgumentSlot value_ = nullptr;
@@ -108,11 +109,11 @@ class CFunctionForEach : public CFunctionSortOrder {
 class CFunctionGate : public CFunction {
  public:
   const CArgumentTable& Arguments() const override;
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 
  private:
-  WString EvaluateParams(CProcessContext& context, std::vector<CParamQualifier>& params) const;
-  WString EvaluateFunctionNames(CProcessContext& context, std::vector<WString>& names) const;
+  CErrorText EvaluateParams(CProcessContext& context, std::vector<CParamQualifier>& params) const;
+  CErrorText EvaluateFunctionNames(CProcessContext& context, std::vector<WString>& names) const;
 
   ArgumentSlot content_ = nullptr;
   ArgumentList params_;
@@ -125,7 +126,7 @@ class CFunctionGate : public CFunction {
 class CFunctionNoOutput : public CFunction {
  public:
   const CArgumentTable& Arguments() const override;
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 
  private:
   ArgumentSlot content_ = nullptr;
@@ -135,7 +136,7 @@ class CFunctionNoOutput : public CFunction {
 class CFunctionError : public CFunction {
  public:
   const CArgumentTable& Arguments() const override;
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 
  private:
   ArgumentSlot text_ = nullptr;

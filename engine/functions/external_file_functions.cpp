@@ -14,11 +14,10 @@ namespace {
 
 // Runs a source into the function's output: evaluated as a template against
 // the caller's parameters and user functions, or copied as it is.
-WString ProcessIntoOutput(CProcessContext& context, CContentSource& source, Evaluation evaluation,
-                          WString& output) {
+CErrorText ProcessIntoOutput(CProcessContext& context, CContentSource& source, Evaluation evaluation, WString& output) {
   WString text;
   CStringContentDest destination(&text);
-  WString errorText = Process(context, source, destination, evaluation, Isolation::KeepChanges);
+  CErrorText errorText = Process(context, source, destination, evaluation, Isolation::KeepChanges);
   if (errorText.empty()) AppendResult(output, std::move(text));
   return errorText;
 }
@@ -30,23 +29,23 @@ MissingFile MissingFileFor(ArgumentSlot skipIfMissing) {
 
 }  // namespace
 
-WString CFunctionExternalFile::EvaluateFileEncoding(CProcessContext& context, EncodingType& type,
-                                                    bool& isExplicit) const {
+CErrorText CFunctionExternalFile::EvaluateFileEncoding(CProcessContext& context, EncodingType& type,
+                                                       bool& isExplicit) const {
   type = EncodingType::Ascii;
   isExplicit = false;
-  if (fileEncoding_ == nullptr) return WString();
+  if (fileEncoding_ == nullptr) return CErrorText();
   WString name;
-  WString errorText = EvaluateText(*this, fileEncoding_, u"FileEncoding", context, false, name);
+  CErrorText errorText = EvaluateText(*this, fileEncoding_, u"FileEncoding", context, WithoutValue::IsError, name);
   if (!errorText.empty()) return errorText;
   if (!ParseEncodingName(name, type, isExplicit)) errorText = UnknownOptionError(*fileEncoding_, name);
   return errorText;
 }
 
-WString CFunctionExternalFile::MakeFileSource(CProcessContext& context, const CParsePart* file,
-                                              MissingFile missingFile,
-                                              std::unique_ptr<CContentSource>& source) const {
+CErrorText CFunctionExternalFile::MakeFileSource(CProcessContext& context, const CParsePart* file,
+                                                 MissingFile missingFile,
+                                                 std::unique_ptr<CContentSource>& source) const {
   WString path;
-  WString errorText = EvaluateText(*this, file, u"File", context, false, path);
+  CErrorText errorText = EvaluateText(*this, file, u"File", context, WithoutValue::IsError, path);
   if (!errorText.empty()) return errorText;
   EncodingType type;
   bool isExplicit;
@@ -72,9 +71,9 @@ const CArgumentTable& CFunctionInput::Arguments() const {
   return table;
 }
 
-WString CFunctionInput::Execute(CProcessContext& context, WString& output) {
+CErrorText CFunctionInput::Execute(CProcessContext& context, WString& output) {
   std::unique_ptr<CContentSource> source;
-  WString errorText = MakeFileSource(context, file_, MissingFileFor(skipIfMissing_), source);
+  CErrorText errorText = MakeFileSource(context, file_, MissingFileFor(skipIfMissing_), source);
   if (errorText.empty()) errorText = ProcessIntoOutput(context, *source, Evaluation::CopyText, output);
   return errorText;
 }
@@ -88,19 +87,19 @@ const CArgumentTable& CFunctionProcess::Arguments() const {
   return table;
 }
 
-WString CFunctionProcess::MakeSource(CProcessContext& context, std::unique_ptr<CContentSource>& source) const {
+CErrorText CFunctionProcess::MakeSource(CProcessContext& context, std::unique_ptr<CContentSource>& source) const {
   if (file_ != nullptr) return MakeFileSource(context, file_, MissingFileFor(skipIfMissing_), source);
   WString text;
-  WString errorText = EvaluateText(*this, content_, u"Content", context, false, text);
+  CErrorText errorText = EvaluateText(*this, content_, u"Content", context, WithoutValue::IsError, text);
   if (errorText.empty()) source = std::make_unique<CStringContentSource>(std::move(text));
   return errorText;
 }
 
-WString CFunctionProcess::Execute(CProcessContext& context, WString& output) {
+CErrorText CFunctionProcess::Execute(CProcessContext& context, WString& output) {
   if (file_ == nullptr && content_ == nullptr) return ErrorAt(MsgFileOrContentMissing, CallPart());
   if (file_ != nullptr && content_ != nullptr) return ErrorAt(MsgFileAndContent, CallPart());
   std::unique_ptr<CContentSource> source;
-  WString errorText = MakeSource(context, source);
+  CErrorText errorText = MakeSource(context, source);
   if (errorText.empty()) errorText = ProcessIntoOutput(context, *source, Evaluation::Evaluate, output);
   return errorText;
 }
@@ -115,20 +114,20 @@ const CArgumentTable& CFunctionOutput::Arguments() const {
   return table;
 }
 
-WString CFunctionOutput::EvaluateFiles(CProcessContext& context, std::vector<WString>& paths) const {
+CErrorText CFunctionOutput::EvaluateFiles(CProcessContext& context, std::vector<WString>& paths) const {
   paths.reserve(files_.size());
   for (const CParsePartRef& file : files_) {
     WString path;
-    WString errorText = EvaluateText(*this, file.Get(), u"File", context, false, path);
+    CErrorText errorText = EvaluateText(*this, file.Get(), u"File", context, WithoutValue::IsError, path);
     if (!errorText.empty()) return errorText;
     paths.push_back(std::move(path));
   }
-  return WString();
+  return CErrorText();
 }
 
-WString CFunctionOutput::WriteFiles(CProcessContext& context, const std::vector<WString>& paths,
-                                    const WString& content, EncodingType type, bool isExplicit) {
-  WString errorText;
+CErrorText CFunctionOutput::WriteFiles(CProcessContext& context, const std::vector<WString>& paths,
+                                       const WString& content, EncodingType type, bool isExplicit) {
+  CErrorText errorText;
   for (size_t i = 0; i < paths.size() && errorText.empty(); ++i) {
     // Each file gets its own source: a text source hands its text over when read.
     CStringContentSource source(content);
@@ -138,11 +137,11 @@ WString CFunctionOutput::WriteFiles(CProcessContext& context, const std::vector<
   return errorText;
 }
 
-WString CFunctionOutput::Execute(CProcessContext& context, WString& output) {
+CErrorText CFunctionOutput::Execute(CProcessContext& context, WString& output) {
   std::vector<WString> paths;
-  WString errorText = EvaluateFiles(context, paths);
+  CErrorText errorText = EvaluateFiles(context, paths);
   WString content;
-  if (errorText.empty()) errorText = EvaluateText(*this, content_, u"Content", context, false, content);
+  if (errorText.empty()) errorText = EvaluateText(*this, content_, u"Content", context, WithoutValue::IsError, content);
   EncodingType type;
   bool isExplicit;
   if (errorText.empty()) errorText = EvaluateFileEncoding(context, type, isExplicit);

@@ -10,6 +10,7 @@
 #include "engine/content_stream.h"
 #include "engine/functions/function.h"
 #include "text/encoding.h"
+#include "text/error_text.h"
 
 namespace NScrivolt {
 
@@ -23,12 +24,12 @@ class CFunctionExternalFile : public CFunction {
   // Absent or "auto": type Ascii, isExplicit false. A type keyword ("ascii",
   // "utf8", "utf16", "utf16le", "utf16be", ignoring case): that type, isExplicit
   // true. Anything else: error MsgUnknownOption at the argument, before any file is touched.
-  WString EvaluateFileEncoding(CProcessContext& context, EncodingType& type, bool& isExplicit) const;
+  CErrorText EvaluateFileEncoding(CProcessContext& context, EncodingType& type, bool& isExplicit) const;
 
   // Evaluates `file` (display name "File") and "fileencoding" into a source
   // that reads that file; MissingFile::EmptyText makes a missing file empty text.
-  WString MakeFileSource(CProcessContext& context, const CParsePart* file, MissingFile missingFile,
-                         std::unique_ptr<CContentSource>& source) const;
+  CErrorText MakeFileSource(CProcessContext& context, const CParsePart* file, MissingFile missingFile,
+                            std::unique_ptr<CContentSource>& source) const;
 
  private:
   ArgumentSlot fileEncoding_ = nullptr;
@@ -39,7 +40,7 @@ class CFunctionExternalFile : public CFunction {
 class CFunctionInput : public CFunctionExternalFile {
  public:
   const CArgumentTable& Arguments() const override;
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 
  private:
   ArgumentSlot file_ = nullptr;
@@ -53,11 +54,11 @@ class CFunctionInput : public CFunctionExternalFile {
 class CFunctionProcess : public CFunctionExternalFile {
  public:
   const CArgumentTable& Arguments() const override;
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 
  private:
   // The source to evaluate: the file, or the evaluated content text.
-  WString MakeSource(CProcessContext& context, std::unique_ptr<CContentSource>& source) const;
+  CErrorText MakeSource(CProcessContext& context, std::unique_ptr<CContentSource>& source) const;
 
   ArgumentSlot file_ = nullptr;
   ArgumentSlot content_ = nullptr;
@@ -71,13 +72,13 @@ class CFunctionProcess : public CFunctionExternalFile {
 class CFunctionOutput : public CFunctionExternalFile {
  public:
   const CArgumentTable& Arguments() const override;
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 
  private:
-  WString EvaluateFiles(CProcessContext& context, std::vector<WString>& paths) const;
+  CErrorText EvaluateFiles(CProcessContext& context, std::vector<WString>& paths) const;
   // Writes the content to each path in turn; the first failure ends it.
-  static WString WriteFiles(CProcessContext& context, const std::vector<WString>& paths, const WString& content,
-                            EncodingType type, bool isExplicit);
+  static CErrorText WriteFiles(CProcessContext& context, const std::vector<WString>& paths, const WString& content,
+                               EncodingType type, bool isExplicit);
 
   ArgumentSlot screen_ = nullptr;
   ArgumentList files_;

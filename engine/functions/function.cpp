@@ -12,7 +12,7 @@
 
 namespace NScrivolt {
 
-WString CFunction::Execute(CProcessContext&, WString&) { return WString(); }
+CErrorText CFunction::Execute(CProcessContext&, WString&) { return CErrorText(); }
 
 const CArgumentTable& CFunction::Arguments() const {
   static const CArgumentTable none{};
@@ -31,8 +31,8 @@ void AppendResult(WString& output, WString&& result) {
   }
 }
 
-WString CheckFunctionName(WStringView name, const CParsePart& at, WString& lowerName) {
-  WString errorText;
+CErrorText CheckFunctionName(WStringView name, const CParsePart& at, WString& lowerName) {
+  CErrorText errorText;
   if (!IsValidName(name)) {
     AddErrorAt(errorText, MsgInvalidFunctionName, at, {{u"[NAME]", name}});
     return errorText;
@@ -54,13 +54,13 @@ class CConstantQualifier : public CPartCache {
 // parsed once and kept in the part, since its text never changes. A text
 // that is no reference is parsed again each time, so that the error names
 // the argument as the caller does.
-WString ConstantQualifier(const CParsePart& part, WStringView argName, const CParamQualifier*& qualifier) {
+CErrorText ConstantQualifier(const CParsePart& part, WStringView argName, const CParamQualifier*& qualifier) {
   if (const auto* cached = static_cast<const CConstantQualifier*>(part.Cache())) {
     qualifier = &cached->qualifier;
-    return WString();
+    return CErrorText();
   }
   auto parsed = std::make_unique<CConstantQualifier>();
-  WString errorText = ParseQualifier(part.Value(), argName, part, parsed->qualifier);
+  CErrorText errorText = ParseQualifier(part.Value(), argName, part, parsed->qualifier);
   if (!errorText.empty()) return errorText;
   qualifier = &parsed->qualifier;
   part.SetCache(std::move(parsed));
@@ -68,7 +68,7 @@ WString ConstantQualifier(const CParsePart& part, WStringView argName, const CPa
 }
 
 // The parameter an ArgReference part names, or null with the error set.
-const CParam* FindReferenced(const CParsePart& part, CProcessContext& context, WString& errorText) {
+const CParam* FindReferenced(const CParsePart& part, CProcessContext& context, CErrorText& errorText) {
   const CParamQualifier* qualifier = nullptr;
   errorText = ConstantQualifier(part, part.Name(), qualifier);
   if (!errorText.empty()) return nullptr;
@@ -79,14 +79,16 @@ const CParam* FindReferenced(const CParsePart& part, CProcessContext& context, W
 
 // The checks common to every evaluation: a missing argument, a flag without
 // value. True when the caller should go on with the part's kind.
-bool CheckPresence(const CFunction& function, const CParsePart* part, WStringView displayName, bool allowFlag,
-                   WString& errorText) {
+bool CheckPresence(const CFunction& function, const CParsePart* part, WStringView displayName,
+                   WithoutValue withoutValue, CErrorText& errorText) {
   if (part == nullptr) {
     errorText = ArgumentMissingError(function.CallPart(), displayName);
     return false;
   }
   if (part->Kind() == PartKind::ArgFlag) {
-    if (!allowFlag) AddErrorAt(errorText, MsgArgumentMissingValue, *part, {{u"[ARG]", displayName}});
+    if (withoutValue == WithoutValue::IsError) {
+      AddErrorAt(errorText, MsgArgumentMissingValue, *part, {{u"[ARG]", displayName}});
+    }
     return false;
   }
   return true;
@@ -94,10 +96,10 @@ bool CheckPresence(const CFunction& function, const CParsePart* part, WStringVie
 
 }  // namespace
 
-WString AppendText(const CFunction& function, const CParsePart* part, WStringView displayName,
-                   CProcessContext& context, bool allowFlag, WString& output) {
-  WString errorText;
-  if (!CheckPresence(function, part, displayName, allowFlag, errorText)) return errorText;
+CErrorText AppendText(const CFunction& function, const CParsePart* part, WStringView displayName,
+                      CProcessContext& context, WithoutValue withoutValue, WString& output) {
+  CErrorText errorText;
+  if (!CheckPresence(function, part, displayName, withoutValue, errorText)) return errorText;
   switch (part->Kind()) {
     case PartKind::ArgText:
       output.append(part->Value());
@@ -114,77 +116,78 @@ WString AppendText(const CFunction& function, const CParsePart* part, WStringVie
   return errorText;
 }
 
-WString EvaluateText(const CFunction& function, const CParsePart* part, WStringView displayName,
-                     CProcessContext& context, bool allowFlag, WString& result) {
+CErrorText EvaluateText(const CFunction& function, const CParsePart* part, WStringView displayName,
+                        CProcessContext& context, WithoutValue withoutValue, WString& result) {
   result.clear();
-  return AppendText(function, part, displayName, context, allowFlag, result);
+  return AppendText(function, part, displayName, context, withoutValue, result);
 }
 
-WString EvaluateQualifierInPlace(const CFunction& function, const CParsePart* part, WStringView displayName,
-                                 CProcessContext& context, bool required, CParamQualifier& storage,
-                                 const CParamQualifier*& qualifier, WString* evaluatedText) {
+CErrorText EvaluateQualifierInPlace(const CFunction& function, const CParsePart* part, WStringView displayName,
+                                    CProcessContext& context, WhenAbsent whenAbsent, CParamQualifier& storage,
+                                    const CParamQualifier*& qualifier, WString* evaluatedText) {
   storage.clear();
   qualifier = &storage;
-  if (part == nullptr && !required) return WString();
+  if (part == nullptr && whenAbsent == WhenAbsent::IsEmpty) return CErrorText();
   if (part != nullptr && part->Kind() == PartKind::ArgText) {
     if (evaluatedText != nullptr) evaluatedText->assign(part->Value());
     const CParamQualifier* constant = nullptr;
-    WString errorText = ConstantQualifier(*part, displayName, constant);
+    CErrorText errorText = ConstantQualifier(*part, displayName, constant);
     if (constant != nullptr) qualifier = constant;
     return errorText;
   }
   WString text;
-  WString errorText = EvaluateText(function, part, displayName, context, false, text);
+  CErrorText errorText = EvaluateText(function, part, displayName, context, WithoutValue::IsError, text);
   if (errorText.empty()) errorText = ParseQualifier(text, displayName, *part, storage);
   if (evaluatedText != nullptr) *evaluatedText = std::move(text);
   return errorText;
 }
 
-WString EvaluateQualifier(const CFunction& function, const CParsePart* part, WStringView displayName,
-                          CProcessContext& context, bool required, CParamQualifier& qualifier,
-                          WString* evaluatedText) {
+CErrorText EvaluateQualifier(const CFunction& function, const CParsePart* part, WStringView displayName,
+                             CProcessContext& context, WhenAbsent whenAbsent, CParamQualifier& qualifier,
+                             WString* evaluatedText) {
   const CParamQualifier* evaluated = nullptr;
-  WString errorText =
-      EvaluateQualifierInPlace(function, part, displayName, context, required, qualifier, evaluated, evaluatedText);
+  CErrorText errorText =
+      EvaluateQualifierInPlace(function, part, displayName, context, whenAbsent, qualifier, evaluated, evaluatedText);
   if (evaluated != &qualifier) qualifier = *evaluated;
   return errorText;
 }
 
-WString EvaluateParamInPlace(const CFunction& function, const CParsePart* part, WStringView displayName,
-                             CProcessContext& context, bool allowFlag, CParam& storage, const CParam*& param) {
+CErrorText EvaluateParamInPlace(const CFunction& function, const CParsePart* part, WStringView displayName,
+                                CProcessContext& context, WithoutValue withoutValue, CParam& storage,
+                                const CParam*& param) {
   param = nullptr;
-  WString errorText;
+  CErrorText errorText;
   if (part != nullptr && part->Kind() == PartKind::ArgReference) {
     param = FindReferenced(*part, context, errorText);
     return errorText;
   }
   storage.Clear();
   WString value;
-  errorText = EvaluateText(function, part, displayName, context, allowFlag, value);
+  errorText = EvaluateText(function, part, displayName, context, withoutValue, value);
   if (!errorText.empty()) return errorText;
   storage.SetValue(std::move(value));
   param = &storage;
   return errorText;
 }
 
-WString EvaluateParam(const CFunction& function, const CParsePart* part, WStringView displayName,
-                      CProcessContext& context, bool allowFlag, CParam& target) {
+CErrorText EvaluateParam(const CFunction& function, const CParsePart* part, WStringView displayName,
+                         CProcessContext& context, WithoutValue withoutValue, CParam& target) {
   target.Clear();
   if (part != nullptr && part->Kind() == PartKind::ArgReference) {
-    WString errorText;
+    CErrorText errorText;
     if (const CParam* found = FindReferenced(*part, context, errorText)) target.CopyFrom(*found);
     return errorText;
   }
   WString value;
-  WString errorText = EvaluateText(function, part, displayName, context, allowFlag, value);
+  CErrorText errorText = EvaluateText(function, part, displayName, context, withoutValue, value);
   if (errorText.empty()) target.SetValue(std::move(value));
   return errorText;
 }
 
-WString EvaluateOption(const CFunction& function, const CParsePart& part, WStringView displayName,
-                       CProcessContext& context, std::initializer_list<WStringView> keywords, int& choice) {
+CErrorText EvaluateOption(const CFunction& function, const CParsePart& part, WStringView displayName,
+                          CProcessContext& context, std::initializer_list<WStringView> keywords, int& choice) {
   WString text;
-  WString errorText = EvaluateText(function, &part, displayName, context, false, text);
+  CErrorText errorText = EvaluateText(function, &part, displayName, context, WithoutValue::IsError, text);
   if (!errorText.empty()) return errorText;
   choice = 0;
   for (WStringView keyword : keywords) {
@@ -194,9 +197,9 @@ WString EvaluateOption(const CFunction& function, const CParsePart& part, WStrin
   return UnknownOptionError(part, text);
 }
 
-WString ParseQualifier(WStringView text, WStringView argName, const CParsePart& at, CParamQualifier& qualifier) {
+CErrorText ParseQualifier(WStringView text, WStringView argName, const CParsePart& at, CParamQualifier& qualifier) {
   CQualifierParse parsed = ParseQualifierText(text, argName);
-  WString errorText;
+  CErrorText errorText;
   if (!parsed.message.empty()) {
     AddError(errorText, parsed.message, at.Location());
     qualifier.clear();

@@ -20,10 +20,25 @@
 #include "engine/params/param_id.h"
 #include "engine/syntax/parse_part.h"
 #include "text/base/wide_string.h"
+#include "text/error_text.h"
 
 namespace NScrivolt {
 
 class CProcessContext;
+
+// What an argument written without a value (a flag such as "casesensitive")
+// gives where a value is evaluated.
+enum class WithoutValue {
+  IsError,      // MsgArgumentMissingValue at the argument
+  IsEmptyText,  // the empty text
+};
+
+// What an argument that is not written at all gives where a parameter
+// reference is evaluated.
+enum class WhenAbsent {
+  IsError,  // MsgArgumentMissing at the call
+  IsEmpty,  // the empty reference
+};
 
 class CFunction {
  public:
@@ -34,7 +49,7 @@ class CFunction {
 
   // Carries out the call, appending its result to `output`. Returns the error
   // text (empty on success). The base appends nothing.
-  virtual WString Execute(CProcessContext& context, WString& output);
+  virtual CErrorText Execute(CProcessContext& context, WString& output);
 
   // The arguments the function takes. The base takes none.
   virtual const CArgumentTable& Arguments() const;
@@ -57,56 +72,56 @@ void AppendResult(WString& output, WString&& result);
 
 // Checks a function name given as text: one or more name characters. Error
 // MsgInvalidFunctionName located at `at` otherwise; `lowerName` receives the lower-cased name.
-WString CheckFunctionName(WStringView name, const CParsePart& at, WString& lowerName);
+CErrorText CheckFunctionName(WStringView name, const CParsePart& at, WString& lowerName);
 
 // Evaluates an argument to text. `part` null: error MsgArgumentMissing at the call, naming
-// `displayName`. A flag without value: empty text when `allowFlag`, else MsgArgumentMissingValue.
+// `displayName`. A flag without value: as `withoutValue` says.
 // A quoted text: its value. A reference: the value of the parameter it names
 // (MsgParamNotSet when it does not exist). A content: its evaluation.
-WString EvaluateText(const CFunction& function, const CParsePart* part, WStringView displayName,
-                     CProcessContext& context, bool allowFlag, WString& result);
+CErrorText EvaluateText(const CFunction& function, const CParsePart* part, WStringView displayName,
+                        CProcessContext& context, WithoutValue withoutValue, WString& result);
 
 // Evaluates an argument as EvaluateText does and appends the text to
 // `output`; a content is evaluated straight into it.
-WString AppendText(const CFunction& function, const CParsePart* part, WStringView displayName,
-                   CProcessContext& context, bool allowFlag, WString& output);
+CErrorText AppendText(const CFunction& function, const CParsePart* part, WStringView displayName,
+                      CProcessContext& context, WithoutValue withoutValue, WString& output);
 
 // Evaluates an argument to text and parses the text as a parameter reference.
-// An absent argument gives an empty qualifier when not `required`.
+// An absent argument is MsgArgumentMissing, or the empty qualifier, as
+// `whenAbsent` says.
 // `evaluatedText`, when given, receives the text (for messages that name it).
-WString EvaluateQualifier(const CFunction& function, const CParsePart* part, WStringView displayName,
-                          CProcessContext& context, bool required, CParamQualifier& qualifier,
-                          WString* evaluatedText = nullptr);
+CErrorText EvaluateQualifier(const CFunction& function, const CParsePart* part, WStringView displayName,
+                             CProcessContext& context, WhenAbsent whenAbsent, CParamQualifier& qualifier,
+                             WString* evaluatedText = nullptr);
 
 // As EvaluateQualifier, without the copy: `qualifier` points to the parsed
 // reference, kept in the part for a constant text and in `storage` for any
 // other. Valid while the part and `storage` are.
-WString EvaluateQualifierInPlace(const CFunction& function, const CParsePart* part, WStringView displayName,
-                                 CProcessContext& context, bool required, CParamQualifier& storage,
-                                 const CParamQualifier*& qualifier, WString* evaluatedText = nullptr);
+CErrorText EvaluateQualifierInPlace(const CFunction& function, const CParsePart* part, WStringView displayName,
+                                    CProcessContext& context, WhenAbsent whenAbsent, CParamQualifier& storage,
+                                    const CParamQualifier*& qualifier, WString* evaluatedText = nullptr);
 
 // Evaluates an argument into `target` (cleared first): a reference makes the
 // target a deep copy of the parameter it names, value and sub-parameters;
 // any other value sets the target's value.
-WString EvaluateParam(const CFunction& function, const CParsePart* part, WStringView displayName,
-                      CProcessContext& context, bool allowFlag, CParam& target);
+CErrorText EvaluateParam(const CFunction& function, const CParsePart* part, WStringView displayName,
+                         CProcessContext& context, WithoutValue withoutValue, CParam& target);
 
 // As EvaluateParam, without the copy: a reference gives `param` the node it
 // names, any other value is set in `storage` and `param` points there. The
 // node is for reading before anything changes the tree again.
-WString EvaluateParamInPlace(const CFunction& function, const CParsePart* part, WStringView displayName,
-                             CProcessContext& context, bool allowFlag, CParam& storage, const CParam*& param);
+CErrorText EvaluateParamInPlace(const CFunction& function, const CParsePart* part, WStringView displayName,
+                                CProcessContext& context, WithoutValue withoutValue, CParam& storage,
+                                const CParam*& param);
 
 // Evaluates an option argument and compares the text, ignoring case, with
 // `keywords` in order; `choice` receives the index of the first match. No
 // match: error MsgUnknownOption at the argument, with the evaluated text and the
 // argument's written name.
-WString EvaluateOption(const CFunction& function, const CParsePart& part, WStringView displayName,
-                       CProcessContext& context, std::initializer_list<WStringView> keywords,
-                       int& choice);
+CErrorText EvaluateOption(const CFunction& function, const CParsePart& part, WStringView displayName,
+                          CProcessContext& context, std::initializer_list<WStringView> keywords, int& choice);
 
 // Parses a parameter reference; errors MsgInvalidParamName and MsgInvalidParamIndex are located at `at`.
-WString ParseQualifier(WStringView text, WStringView argName, const CParsePart& at,
-                       CParamQualifier& qualifier);
+CErrorText ParseQualifier(WStringView text, WStringView argName, const CParsePart& at, CParamQualifier& qualifier);
 
 }  // namespace NScrivolt

@@ -50,20 +50,19 @@ bool Resolve(const WString& lowerName, const CProcessContext& context, FunctionM
 }
 
 // Reports a refused argument; empty text when `code` accepts it.
-WString ArgumentError(int code, const CParsePart& argument) {
-  WString errorText;
-  if (code == kArgumentUnknown) AddErrorAt(errorText, MsgUnknownArgument, argument, {{u"[ARG]", argument.Name()}});
-  if (code == kArgumentGivenTwice) AddErrorAt(errorText, MsgArgumentOnlyOnce, argument, {{u"[ARG]", argument.Name()}});
-  return errorText;
+CErrorText ArgumentError(int code, const CParsePart& argument) {
+  if (code == kArgumentUnknown) return ErrorAt(MsgUnknownArgument, argument, {{u"[ARG]", argument.Name()}});
+  if (code == kArgumentGivenTwice) return ErrorAt(MsgArgumentOnlyOnce, argument, {{u"[ARG]", argument.Name()}});
+  return CErrorText();
 }
 
 // The set-up of a call site seen for the first time, or whose function may
 // have changed: resolves, binds by name and, when all went well, leaves what
 // it found in the part's cache for the next evaluations. An object that an
 // evaluation further up is still running stays alive through its own share.
-WString SetUpAnew(const CParsePart& call, const CProcessContext& context, std::shared_ptr<CFunction>& function) {
+CErrorText SetUpAnew(const CParsePart& call, const CProcessContext& context, std::shared_ptr<CFunction>& function) {
   auto setUp = std::make_unique<CCallSetUp>();
-  WString errorText = CheckFunctionName(call.Name(), call, setUp->lowerName);
+  CErrorText errorText = CheckFunctionName(call.Name(), call, setUp->lowerName);
   if (!errorText.empty()) return errorText;
   FunctionMaker make = nullptr;
   CUserFunctionRef definition;
@@ -103,12 +102,12 @@ std::shared_ptr<CFunction> CallUserFunctionAgain(const CParsePart& call, const C
 
 }  // namespace
 
-WString SetUpCall(const CParsePart& call, const CProcessContext& context, std::shared_ptr<CFunction>& function) {
+CErrorText SetUpCall(const CParsePart& call, const CProcessContext& context, std::shared_ptr<CFunction>& function) {
   function.reset();
   const auto* cached = static_cast<const CCallSetUp*>(call.Cache());
   if (cached != nullptr && cached->userFunctionsVersion == context.userFunctions.Version()) {
     function = cached->builtIn != nullptr ? cached->builtIn : CallUserFunctionAgain(call, context, *cached);
-    return WString();
+    return CErrorText();
   }
   return SetUpAnew(call, context, function);
 }

@@ -6,6 +6,7 @@
 
 #include "engine/functions/function.h"
 #include "text/base/wide_string.h"
+#include "text/error_text.h"
 
 namespace NScrivolt {
 
@@ -36,7 +37,7 @@ CBuiltInFamily ExternalFileFunctions();   // engine/functions/external_file_func
 // they were: a call in a loop resolves its function and binds its arguments
 // once, and a built-in's bound object is handed out again on every later
 // evaluation (its Execute must leave the object as it is).
-WString SetUpCall(const CParsePart& call, const CProcessContext& context, std::shared_ptr<CFunction>& function);
+CErrorText SetUpCall(const CParsePart& call, const CProcessContext& context, std::shared_ptr<CFunction>& function);
 
 // The maker of the built-in function with this lower-cased name, or null.
 FunctionMaker FindBuiltInFunction(WStringView lowerName);

@@ -14,9 +14,9 @@ namespace NScrivolt {
 namespace {
 
 // Evaluates the "param" argument every function here requires.
-WString EvaluateTarget(const CFunction& function, ArgumentSlot param, CProcessContext& context,
-                       CParamQualifier& qualifier, WString* text = nullptr) {
-  return EvaluateQualifier(function, param, u"Param", context, true, qualifier, text);
+CErrorText EvaluateTarget(const CFunction& function, ArgumentSlot param, CProcessContext& context,
+                          CParamQualifier& qualifier, WString* text = nullptr) {
+  return EvaluateQualifier(function, param, u"Param", context, WhenAbsent::IsError, qualifier, text);
 }
 
 const CParam* FindExisting(const CProcessContext& context, const CParamQualifier& qualifier) {
@@ -35,14 +35,14 @@ const CArgumentTable& CFunctionSet::Arguments() const {
   return table;
 }
 
-WString CFunctionSet::Execute(CProcessContext& context, WString&) {
+CErrorText CFunctionSet::Execute(CProcessContext& context, WString&) {
   CParamQualifier target;
-  WString errorText = EvaluateTarget(*this, param_, context, target);
+  CErrorText errorText = EvaluateTarget(*this, param_, context, target);
   if (!errorText.empty()) return errorText;
   // The new value is complete before the target is touched, so "to" may name
   // the target itself or one of its sub-parameters.
   CParam value;
-  if (to_ != nullptr) errorText = EvaluateParam(*this, to_, u"To", context, false, value);
+  if (to_ != nullptr) errorText = EvaluateParam(*this, to_, u"To", context, WithoutValue::IsError, value);
   if (errorText.empty()) context.Root().FindParam(target, true)->CopyFrom(value);
   return errorText;
 }
@@ -56,9 +56,9 @@ const CArgumentTable& CFunctionUnset::Arguments() const {
   return table;
 }
 
-WString CFunctionUnset::Execute(CProcessContext& context, WString&) {
+CErrorText CFunctionUnset::Execute(CProcessContext& context, WString&) {
   CParamQualifier target;
-  WString errorText = EvaluateTarget(*this, param_, context, target);
+  CErrorText errorText = EvaluateTarget(*this, param_, context, target);
   // DeleteParam leaves a missing parameter alone.
   if (errorText.empty()) context.Root().DeleteParam(target);
   return errorText;
@@ -74,11 +74,12 @@ const CArgumentTable& CFunctionUse::Arguments() const {
   return table;
 }
 
-WString CFunctionUse::Execute(CProcessContext& context, WString& output) {
+CErrorText CFunctionUse::Execute(CProcessContext& context, WString& output) {
   CParamQualifier storage;
   const CParamQualifier* qualifier = nullptr;
   WString text;
-  WString errorText = EvaluateQualifierInPlace(*this, param_, u"Param", context, true, storage, qualifier, &text);
+  CErrorText errorText =
+      EvaluateQualifierInPlace(*this, param_, u"Param", context, WhenAbsent::IsError, storage, qualifier, &text);
   if (!errorText.empty()) return errorText;
   if (const CParam* found = FindExisting(context, *qualifier)) {
     output += found->GetValue();
@@ -100,14 +101,14 @@ const CArgumentTable& CFunctionAddSubParams::Arguments() const {
 
 // Each value is added as soon as it is evaluated, so a later value can refer
 // to the sub-parameters the earlier ones made.
-WString CFunctionAddSubParams::Execute(CProcessContext& context, WString&) {
+CErrorText CFunctionAddSubParams::Execute(CProcessContext& context, WString&) {
   CParamQualifier target;
-  WString errorText = EvaluateTarget(*this, param_, context, target);
+  CErrorText errorText = EvaluateTarget(*this, param_, context, target);
   if (!errorText.empty()) return errorText;
   if (values_.empty()) return ArgumentMissingError(CallPart(), u"Value");
   for (const CParsePartRef& part : values_) {
     CParam value;
-    errorText = EvaluateParam(*this, part.Get(), u"Value", context, false, value);
+    errorText = EvaluateParam(*this, part.Get(), u"Value", context, WithoutValue::IsError, value);
     if (!errorText.empty()) break;
     context.Root().FindParam(target, true)->AppendNumbered()->CopyFrom(value);
   }
@@ -126,13 +127,13 @@ const CArgumentTable& CFunctionSetSubParams::Arguments() const {
 
 // All values are taken before the target is cleared, so they may refer to
 // the target's own sub-parameters; a failing value changes nothing.
-WString CFunctionSetSubParams::Execute(CProcessContext& context, WString&) {
+CErrorText CFunctionSetSubParams::Execute(CProcessContext& context, WString&) {
   CParamQualifier target;
-  WString errorText = EvaluateTarget(*this, param_, context, target);
+  CErrorText errorText = EvaluateTarget(*this, param_, context, target);
   if (!errorText.empty()) return errorText;
   std::vector<CParam> values(tos_.size());
   for (std::size_t i = 0; i < tos_.size(); ++i) {
-    errorText = EvaluateParam(*this, tos_[i].Get(), u"To", context, false, values[i]);
+    errorText = EvaluateParam(*this, tos_[i].Get(), u"To", context, WithoutValue::IsError, values[i]);
     if (!errorText.empty()) return errorText;
   }
   CParam* node = context.Root().FindParam(target, true);
@@ -150,9 +151,9 @@ const CArgumentTable& CFunctionUnsetSubParams::Arguments() const {
   return table;
 }
 
-WString CFunctionUnsetSubParams::Execute(CProcessContext& context, WString&) {
+CErrorText CFunctionUnsetSubParams::Execute(CProcessContext& context, WString&) {
   CParamQualifier target;
-  WString errorText = EvaluateTarget(*this, param_, context, target);
+  CErrorText errorText = EvaluateTarget(*this, param_, context, target);
   if (!errorText.empty()) return errorText;
   // Without creation the lookup changes nothing when the parameter is missing.
   if (CParam* found = context.Root().FindParam(target)) found->ClearChildren();
@@ -168,10 +169,10 @@ const CArgumentTable& CFunctionSubParamCount::Arguments() const {
   return table;
 }
 
-WString CFunctionSubParamCount::Execute(CProcessContext& context, WString& output) {
+CErrorText CFunctionSubParamCount::Execute(CProcessContext& context, WString& output) {
   CParamQualifier qualifier;
   WString text;
-  WString errorText = EvaluateTarget(*this, param_, context, qualifier, &text);
+  CErrorText errorText = EvaluateTarget(*this, param_, context, qualifier, &text);
   if (!errorText.empty()) return errorText;
   if (const CParam* found = FindExisting(context, qualifier)) {
     output += IntegerToText(std::int64_t(found->Count()));
@@ -194,12 +195,12 @@ const CArgumentTable& CFunctionFindSubParam::Arguments() const {
   return table;
 }
 
-WString CFunctionFindSubParam::Execute(CProcessContext& context, WString& output) {
+CErrorText CFunctionFindSubParam::Execute(CProcessContext& context, WString& output) {
   CParamQualifier qualifier;
   WString text;
-  WString errorText = EvaluateTarget(*this, param_, context, qualifier, &text);
+  CErrorText errorText = EvaluateTarget(*this, param_, context, qualifier, &text);
   WString value;
-  if (errorText.empty()) errorText = EvaluateText(*this, value_, u"Value", context, false, value);
+  if (errorText.empty()) errorText = EvaluateText(*this, value_, u"Value", context, WithoutValue::IsError, value);
   int indexType = 0;  // 0 "number", 1 "name"
   if (errorText.empty() && indexType_ != nullptr) {
     errorText = EvaluateOption(*this, *indexType_, u"IndexType", context, {u"number", u"name"}, indexType);
@@ -223,10 +224,10 @@ const CArgumentTable& CFunctionSortSubParams::Arguments() const {
   return table;
 }
 
-WString CFunctionSortSubParams::Execute(CProcessContext& context, WString&) {
+CErrorText CFunctionSortSubParams::Execute(CProcessContext& context, WString&) {
   CParamQualifier qualifier;
   WString text;
-  WString errorText = EvaluateTarget(*this, param_, context, qualifier, &text);
+  CErrorText errorText = EvaluateTarget(*this, param_, context, qualifier, &text);
   ParamOrder order = ParamOrder::ByValue;
   bool descending = false;
   if (errorText.empty()) errorText = EvaluateOrder(context, order, descending);
@@ -246,10 +247,10 @@ const CArgumentTable& CFunction_WriteParamTree::Arguments() const {
   return table;
 }
 
-WString CFunction_WriteParamTree::Execute(CProcessContext& context, WString& output) {
+CErrorText CFunction_WriteParamTree::Execute(CProcessContext& context, WString& output) {
   CParamQualifier qualifier;
   WString text;
-  WString errorText = EvaluateTarget(*this, param_, context, qualifier, &text);
+  CErrorText errorText = EvaluateTarget(*this, param_, context, qualifier, &text);
   if (!errorText.empty()) return errorText;
   if (const CParam* found = FindExisting(context, qualifier)) {
     WString dump;

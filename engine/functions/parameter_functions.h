@@ -3,6 +3,7 @@
 
 #include "engine/functions/function.h"
 #include "engine/functions/sort_order.h"
+#include "text/error_text.h"
 
 namespace NScrivolt {
 
@@ -11,7 +12,7 @@ namespace NScrivolt {
 class CFunctionSet : public CFunction {
  public:
   const CArgumentTable& Arguments() const override;
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 
  private:
   ArgumentSlot param_ = nullptr;
@@ -22,7 +23,7 @@ class CFunctionSet : public CFunction {
 class CFunctionUnset : public CFunction {
  public:
   const CArgumentTable& Arguments() const override;
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 
  private:
   ArgumentSlot param_ = nullptr;
@@ -32,7 +33,7 @@ class CFunctionUnset : public CFunction {
 class CFunctionUse : public CFunction {
  public:
   const CArgumentTable& Arguments() const override;
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 
  private:
   ArgumentSlot param_ = nullptr;
@@ -44,7 +45,7 @@ class CFunctionUse : public CFunction {
 class CFunctionAddSubParams : public CFunction {
  public:
   const CArgumentTable& Arguments() const override;
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 
  private:
   ArgumentSlot param_ = nullptr;
@@ -56,7 +57,7 @@ class CFunctionAddSubParams : public CFunction {
 class CFunctionSetSubParams : public CFunction {
  public:
   const CArgumentTable& Arguments() const override;
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 
  private:
   ArgumentSlot param_ = nullptr;
@@ -67,7 +68,7 @@ class CFunctionSetSubParams : public CFunction {
 class CFunctionUnsetSubParams : public CFunction {
  public:
   const CArgumentTable& Arguments() const override;
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 
  private:
   ArgumentSlot param_ = nullptr;
@@ -77,7 +78,7 @@ class CFunctionUnsetSubParams : public CFunction {
 class CFunctionSubParamCount : public CFunction {
  public:
   const CArgumentTable& Arguments() const override;
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 
  private:
   ArgumentSlot param_ = nullptr;
@@ -90,7 +91,7 @@ class CFunctionSubParamCount : public CFunction {
 class CFunctionFindSubParam : public CFunction {
  public:
   const CArgumentTable& Arguments() const override;
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 
  private:
   ArgumentSlot param_ = nullptr;
@@ -105,7 +106,7 @@ class CFunctionFindSubParam : public CFunction {
 class CFunctionSortSubParams : public CFunctionSortOrder {
  public:
   const CArgumentTable& Arguments() const override;
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 
  private:
   ArgumentSlot param_ = nullptr;
@@ -117,7 +118,7 @@ class CFunctionSortSubParams : public CFunctionSortOrder {
 class CFunction_WriteParamTree : public CFunction {
  public:
   const CArgumentTable& Arguments() const override;
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 
  private:
   ArgumentSlot param_ = nullptr;

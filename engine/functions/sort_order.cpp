@@ -9,8 +9,8 @@ const CArgumentTable& CFunctionSortOrder::Arguments() const {
   return table;
 }
 
-WString CFunctionSortOrder::EvaluateOrder(CProcessContext& context, ParamOrder& order, bool& descending) const {
-  if (orderBy_ == nullptr) return WString();
+CErrorText CFunctionSortOrder::EvaluateOrder(CProcessContext& context, ParamOrder& order, bool& descending) const {
+  if (orderBy_ == nullptr) return CErrorText();
   struct Choice {
     ParamOrder order;
     bool descending;
@@ -20,9 +20,9 @@ WString CFunctionSortOrder::EvaluateOrder(CProcessContext& context, ParamOrder& 
       {ParamOrder::ByName, true},   {ParamOrder::ByNumber, true},  {ParamOrder::ByValue, true},
   };
   int choice = 0;
-  WString errorText = EvaluateOption(*this, *orderBy_, u"OrderBy", context,
-                                     {u"nameasc", u"numberasc", u"valueasc", u"namedesc", u"numberdesc", u"valuedesc"},
-                                     choice);
+  CErrorText errorText =
+      EvaluateOption(*this, *orderBy_, u"OrderBy", context,
+                     {u"nameasc", u"numberasc", u"valueasc", u"namedesc", u"numberdesc", u"valuedesc"}, choice);
   if (errorText.empty()) {
     order = kChoices[choice].order;
     descending = kChoices[choice].descending;

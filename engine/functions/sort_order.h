@@ -4,6 +4,7 @@
 
 #include "engine/functions/function.h"
 #include "engine/params/param_order.h"
+#include "text/error_text.h"
 
 namespace NScrivolt {
 
@@ -17,7 +18,7 @@ class CFunctionSortOrder : public CFunction {
   // defaults untouched when the argument is absent. Error MsgUnknownOption for a word
   // other than "nameasc", "numberasc", "valueasc", "namedesc", "numberdesc",
   // "valuedesc" (compared ignoring case).
-  WString EvaluateOrder(CProcessContext& context, ParamOrder& order, bool& descending) const;
+  CErrorText EvaluateOrder(CProcessContext& context, ParamOrder& order, bool& descending) const;
 
  private:
   ArgumentSlot orderBy_ = nullptr;

@@ -12,10 +12,10 @@ namespace NScrivolt {
 namespace {
 
 // Evaluates a required text argument and reads it as a whole number.
-WString EvaluateInteger(const CFunction& function, const CParsePart* part, WStringView displayName,
-                        CProcessContext& context, std::int32_t& value) {
+CErrorText EvaluateInteger(const CFunction& function, const CParsePart* part, WStringView displayName,
+                           CProcessContext& context, std::int32_t& value) {
   WString text;
-  WString errorText = EvaluateText(function, part, displayName, context, false, text);
+  CErrorText errorText = EvaluateText(function, part, displayName, context, WithoutValue::IsError, text);
   value = ReadInteger(text);
   return errorText;
 }
@@ -32,12 +32,12 @@ const CArgumentTable& CFunctionChangeCase::Arguments() const {
   return table;
 }
 
-WString CFunctionChangeCase::Execute(CProcessContext& context, WString& output) {
+CErrorText CFunctionChangeCase::Execute(CProcessContext& context, WString& output) {
   WString what;
-  WString errorText = EvaluateText(*this, what_, u"What", context, false, what);
+  CErrorText errorText = EvaluateText(*this, what_, u"What", context, WithoutValue::IsError, what);
   if (!errorText.empty()) return errorText;
   // An absent "to" is reported as the missing argument it is.
-  if (to_ == nullptr) return EvaluateText(*this, to_, u"To", context, false, what);
+  if (to_ == nullptr) return EvaluateText(*this, to_, u"To", context, WithoutValue::IsError, what);
   int choice = 0;
   errorText = EvaluateOption(*this, *to_, u"To", context, {u"lower", u"upper"}, choice);
   if (errorText.empty()) output += choice == 0 ? ToLowerAscii(what) : ToUpperAscii(what);
@@ -55,10 +55,10 @@ const CArgumentTable& CFunctionCount::Arguments() const {
   return table;
 }
 
-WString CFunctionCount::Execute(CProcessContext& context, WString& output) {
+CErrorText CFunctionCount::Execute(CProcessContext& context, WString& output) {
   WString what, in;
-  WString errorText = EvaluateText(*this, what_, u"What", context, false, what);
-  if (errorText.empty()) errorText = EvaluateText(*this, in_, u"In", context, false, in);
+  CErrorText errorText = EvaluateText(*this, what_, u"What", context, WithoutValue::IsError, what);
+  if (errorText.empty()) errorText = EvaluateText(*this, in_, u"In", context, WithoutValue::IsError, in);
   if (errorText.empty()) output += IntegerToText(std::int64_t(CountOccurrences(in, what, caseSensitive_ != nullptr)));
   return errorText;
 }
@@ -75,11 +75,13 @@ const CArgumentTable& CFunctionReplace::Arguments() const {
   return table;
 }
 
-WString CFunctionReplace::Execute(CProcessContext& context, WString& output) {
+CErrorText CFunctionReplace::Execute(CProcessContext& context, WString& output) {
   WString what, by, in;
-  WString errorText = EvaluateText(*this, what_, u"What", context, false, what);
-  if (errorText.empty() && by_ != nullptr) errorText = EvaluateText(*this, by_, u"By", context, false, by);
-  if (errorText.empty()) errorText = EvaluateText(*this, in_, u"In", context, false, in);
+  CErrorText errorText = EvaluateText(*this, what_, u"What", context, WithoutValue::IsError, what);
+  if (errorText.empty() && by_ != nullptr) {
+    errorText = EvaluateText(*this, by_, u"By", context, WithoutValue::IsError, by);
+  }
+  if (errorText.empty()) errorText = EvaluateText(*this, in_, u"In", context, WithoutValue::IsError, in);
   if (errorText.empty()) output += ReplaceOccurrences(in, what, by, caseSensitive_ != nullptr);
   return errorText;
 }
@@ -97,10 +99,10 @@ const CArgumentTable& CFunctionSearch::Arguments() const {
   return table;
 }
 
-WString CFunctionSearch::Execute(CProcessContext& context, WString& output) {
+CErrorText CFunctionSearch::Execute(CProcessContext& context, WString& output) {
   WString in, pattern;
-  WString errorText = EvaluateText(*this, in_, u"In", context, false, in);
-  if (errorText.empty()) errorText = EvaluateText(*this, for_, u"For", context, false, pattern);
+  CErrorText errorText = EvaluateText(*this, in_, u"In", context, WithoutValue::IsError, in);
+  if (errorText.empty()) errorText = EvaluateText(*this, for_, u"For", context, WithoutValue::IsError, pattern);
   std::optional<std::int32_t> start;
   if (errorText.empty() && start_ != nullptr) {
     std::int32_t value = 0;
@@ -125,12 +127,12 @@ const CArgumentTable& CFunctionSplit::Arguments() const {
   return table;
 }
 
-WString CFunctionSplit::Execute(CProcessContext& context, WString&) {
+CErrorText CFunctionSplit::Execute(CProcessContext& context, WString&) {
   CParamQualifier target;
   WString what, on;
-  WString errorText = EvaluateQualifier(*this, param_, u"Param", context, true, target);
-  if (errorText.empty()) errorText = EvaluateText(*this, what_, u"What", context, false, what);
-  if (errorText.empty()) errorText = EvaluateText(*this, on_, u"On", context, false, on);
+  CErrorText errorText = EvaluateQualifier(*this, param_, u"Param", context, WhenAbsent::IsError, target);
+  if (errorText.empty()) errorText = EvaluateText(*this, what_, u"What", context, WithoutValue::IsError, what);
+  if (errorText.empty()) errorText = EvaluateText(*this, on_, u"On", context, WithoutValue::IsError, on);
   if (!errorText.empty()) return errorText;
   // Every argument is evaluated: the target can be changed now.
   CParam& param = *context.Root().FindParam(target, true);
@@ -150,11 +152,11 @@ const CArgumentTable& CFunctionJoin::Arguments() const {
   return table;
 }
 
-WString CFunctionJoin::Execute(CProcessContext& context, WString& output) {
+CErrorText CFunctionJoin::Execute(CProcessContext& context, WString& output) {
   CParamQualifier source;
   WString sourceText, with;
-  WString errorText = EvaluateQualifier(*this, param_, u"Param", context, true, source, &sourceText);
-  if (errorText.empty()) errorText = EvaluateText(*this, with_, u"With", context, false, with);
+  CErrorText errorText = EvaluateQualifier(*this, param_, u"Param", context, WhenAbsent::IsError, source, &sourceText);
+  if (errorText.empty()) errorText = EvaluateText(*this, with_, u"With", context, WithoutValue::IsError, with);
   ParamOrder order = ParamOrder::ByNumber;
   bool descending = false;
   if (errorText.empty()) errorText = EvaluateOrder(context, order, descending);
@@ -181,12 +183,12 @@ const CArgumentTable& CFunctionSub::Arguments() const {
   return table;
 }
 
-WString CFunctionSub::Execute(CProcessContext& context, WString& output) {
+CErrorText CFunctionSub::Execute(CProcessContext& context, WString& output) {
   std::int32_t start = 0, end = 0;
   WString from;
-  WString errorText = EvaluateInteger(*this, start_, u"Start", context, start);
+  CErrorText errorText = EvaluateInteger(*this, start_, u"Start", context, start);
   if (errorText.empty() && end_ != nullptr) errorText = EvaluateInteger(*this, end_, u"End", context, end);
-  if (errorText.empty()) errorText = EvaluateText(*this, from_, u"From", context, false, from);
+  if (errorText.empty()) errorText = EvaluateText(*this, from_, u"From", context, WithoutValue::IsError, from);
   if (errorText.empty()) output += SubText(from, start, end);
   return errorText;
 }
@@ -200,16 +202,16 @@ const CArgumentTable& CFunctionSum::Arguments() const {
   return table;
 }
 
-WString CFunctionSum::Execute(CProcessContext& context, WString& output) {
+CErrorText CFunctionSum::Execute(CProcessContext& context, WString& output) {
   CClampedSum sum;
   for (const CParsePartRef& value : values_) {
     std::int32_t number = 0;
-    WString errorText = EvaluateInteger(*this, value.Get(), u"Value", context, number);
+    CErrorText errorText = EvaluateInteger(*this, value.Get(), u"Value", context, number);
     if (!errorText.empty()) return errorText;
     sum.Add(number);
   }
   output += IntegerToText(sum.Total());
-  return WString();
+  return CErrorText();
 }
 
 CBuiltInFamily TextFunctions() {

@@ -5,6 +5,7 @@
 
 #include "engine/functions/function.h"
 #include "engine/functions/sort_order.h"
+#include "text/error_text.h"
 
 namespace NScrivolt {
 
@@ -12,7 +13,7 @@ namespace NScrivolt {
 class CFunctionChangeCase : public CFunction {
  public:
   const CArgumentTable& Arguments() const override;
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 
  private:
   ArgumentSlot what_ = nullptr;
@@ -23,7 +24,7 @@ class CFunctionChangeCase : public CFunction {
 class CFunctionCount : public CFunction {
  public:
   const CArgumentTable& Arguments() const override;
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 
  private:
   ArgumentSlot what_ = nullptr;
@@ -35,7 +36,7 @@ class CFunctionCount : public CFunction {
 class CFunctionReplace : public CFunction {
  public:
   const CArgumentTable& Arguments() const override;
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 
  private:
   ArgumentSlot what_ = nullptr;
@@ -49,7 +50,7 @@ class CFunctionReplace : public CFunction {
 class CFunctionSearch : public CFunction {
  public:
   const CArgumentTable& Arguments() const override;
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 
  private:
   ArgumentSlot in_ = nullptr;
@@ -64,7 +65,7 @@ class CFunctionSearch : public CFunction {
 class CFunctionSplit : public CFunction {
  public:
   const CArgumentTable& Arguments() const override;
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 
  private:
   ArgumentSlot param_ = nullptr;
@@ -78,7 +79,7 @@ class CFunctionSplit : public CFunction {
 class CFunctionJoin : public CFunctionSortOrder {
  public:
   const CArgumentTable& Arguments() const override;
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 
  private:
   ArgumentSlot param_ = nullptr;
@@ -89,7 +90,7 @@ class CFunctionJoin : public CFunctionSortOrder {
 class CFunctionSub : public CFunction {
  public:
   const CArgumentTable& Arguments() const override;
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 
  private:
   ArgumentSlot start_ = nullptr;
@@ -101,7 +102,7 @@ class CFunctionSub : public CFunction {
 class CFunctionSum : public CFunction {
  public:
   const CArgumentTable& Arguments() const override;
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 
  private:
   ArgumentList values_;

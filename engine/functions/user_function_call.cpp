@@ -39,12 +39,12 @@ int CFunctionUserFunction::AcceptArgument(const WString& name, const CParsePartR
   return kArgumentAccepted;
 }
 
-WString CFunctionUserFunction::Execute(CProcessContext& context, WString& output) {
+CErrorText CFunctionUserFunction::Execute(CProcessContext& context, WString& output) {
   SaveArguments(context);
-  WString errorText = EvaluateArguments(context);
+  CErrorText errorText = EvaluateArguments(context);
   if (!errorText.empty()) return errorText;
   ApplyArguments(context);
-  errorText = AppendText(*this, definition_->body.Get(), u"Content", context, false, output);
+  errorText = AppendText(*this, definition_->body.Get(), u"Content", context, WithoutValue::IsError, output);
   // After a failing body the parameters stay as the call left them; the
   // error ends the processing anyway.
   if (errorText.empty()) RestoreArguments(context);
@@ -58,16 +58,16 @@ void CFunctionUserFunction::SaveArguments(const CProcessContext& context) {
   }
 }
 
-WString CFunctionUserFunction::EvaluateArguments(CProcessContext& context) {
+CErrorText CFunctionUserFunction::EvaluateArguments(CProcessContext& context) {
   for (auto& [key, entry] : entries_) {
-    WString errorText = EvaluateArgument(context, entry);
+    CErrorText errorText = EvaluateArgument(context, entry);
     if (!errorText.empty()) return errorText;
   }
-  return WString();
+  return CErrorText();
 }
 
-WString CFunctionUserFunction::EvaluateArgument(CProcessContext& context, Entry& entry) {
-  WString errorText;
+CErrorText CFunctionUserFunction::EvaluateArgument(CProcessContext& context, Entry& entry) {
+  CErrorText errorText;
   if (entry.parts.empty()) {
     if (entry.kind == ArgumentKind::Arg || entry.kind == ArgumentKind::MultiArg) {
       errorText = ArgumentMissingError(CallPart(), entry.param.name);
@@ -79,7 +79,7 @@ WString CFunctionUserFunction::EvaluateArgument(CProcessContext& context, Entry&
   entry.newValue = std::make_unique<CParam>();
   for (const CParsePartRef& part : entry.parts) {
     CParam value;
-    errorText = EvaluateParam(*this, part.Get(), entry.param.name, context, true, value);
+    errorText = EvaluateParam(*this, part.Get(), entry.param.name, context, WithoutValue::IsEmptyText, value);
     if (!errorText.empty()) return errorText;
     if (IsRepeatable(entry.kind)) {
       entry.newValue->AppendNumbered()->CopyFrom(value);

@@ -10,6 +10,7 @@
 
 #include "engine/functions/function.h"
 #include "engine/user_functions.h"
+#include "text/error_text.h"
 
 namespace NScrivolt {
 
@@ -20,7 +21,7 @@ class CFunctionUserFunction : public CFunction {
   // The arguments are those the definition declares, known only when the
   // script has run "makefunction", so they are bound without a table.
   int AcceptArgument(const WString& name, const CParsePartRef& part) override;
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 
  private:
   struct Entry {
@@ -32,8 +33,8 @@ class CFunctionUserFunction : public CFunction {
   };
 
   void SaveArguments(const CProcessContext& context);
-  WString EvaluateArguments(CProcessContext& context);
-  WString EvaluateArgument(CProcessContext& context, Entry& entry);
+  CErrorText EvaluateArguments(CProcessContext& context);
+  CErrorText EvaluateArgument(CProcessContext& context, Entry& entry);
   void ApplyArguments(CProcessContext& context);
   void RestoreArguments(CProcessContext& context);
 

@@ -16,9 +16,9 @@ constexpr WStringView kKindDisplayNames[kArgumentKindCount] = {u"Arg", u"OptArg"
                                                                u"OptMultiArg"};
 
 // Evaluates the "name" argument and checks it is a function name.
-WString EvaluateFunctionName(const CFunction& function, ArgumentSlot namePart, CProcessContext& context,
-                             WString& name, WString& lowerName) {
-  WString errorText = EvaluateText(function, namePart, u"Name", context, false, name);
+CErrorText EvaluateFunctionName(const CFunction& function, ArgumentSlot namePart, CProcessContext& context,
+                                WString& name, WString& lowerName) {
+  CErrorText errorText = EvaluateText(function, namePart, u"Name", context, WithoutValue::IsError, name);
   if (errorText.empty()) errorText = CheckFunctionName(name, *namePart, lowerName);
   return errorText;
 }
@@ -38,10 +38,10 @@ const CArgumentTable& CFunctionMakeFunction::Arguments() const {
   return table;
 }
 
-WString CFunctionMakeFunction::Execute(CProcessContext& context, WString&) {
+CErrorText CFunctionMakeFunction::Execute(CProcessContext& context, WString&) {
   WString name;
   WString lowerName;
-  WString errorText = EvaluateFunctionName(*this, name_, context, name, lowerName);
+  CErrorText errorText = EvaluateFunctionName(*this, name_, context, name, lowerName);
   if (!errorText.empty()) return errorText;
   if (!content_) return ArgumentMissingError(CallPart(), u"Content");
   CUserFunctionRef definition = CUserFunctionRef::Make();
@@ -54,15 +54,15 @@ WString CFunctionMakeFunction::Execute(CProcessContext& context, WString&) {
 
 // Each declared argument names the one top-level parameter that carries its
 // value during a call; a later declaration of a name under the same kind wins.
-WString CFunctionMakeFunction::DeclareArguments(CProcessContext& context, CUserFunction& definition) const {
+CErrorText CFunctionMakeFunction::DeclareArguments(CProcessContext& context, CUserFunction& definition) const {
   const ArgumentList* const declarations[kArgumentKindCount] = {&args_, &optArgs_, &optEmptyArgs_, &multiArgs_,
                                                                 &optMultiArgs_};
   for (std::size_t kind = 0; kind < kArgumentKindCount; ++kind) {
     for (const CParsePartRef& argument : *declarations[kind]) {
       CParamQualifier qualifier;
       WString text;
-      WString errorText = EvaluateQualifier(*this, argument.Get(), kKindDisplayNames[kind], context, true,
-                                            qualifier, &text);
+      CErrorText errorText = EvaluateQualifier(*this, argument.Get(), kKindDisplayNames[kind], context,
+                                               WhenAbsent::IsError, qualifier, &text);
       if (errorText.empty() && qualifier.size() != 1) {
         AddErrorAt(errorText, MsgArgumentDefinitionHasIndices, *argument, {{u"[PARAM]", text}});
       }
@@ -70,7 +70,7 @@ WString CFunctionMakeFunction::DeclareArguments(CProcessContext& context, CUserF
       definition.declarations[kind][qualifier.front().key] = CArgumentDeclaration{argument, qualifier.front()};
     }
   }
-  return WString();
+  return CErrorText();
 }
 
 const CArgumentTable& CFunctionDeleteFunction::Arguments() const {
@@ -80,10 +80,10 @@ const CArgumentTable& CFunctionDeleteFunction::Arguments() const {
   return table;
 }
 
-WString CFunctionDeleteFunction::Execute(CProcessContext& context, WString&) {
+CErrorText CFunctionDeleteFunction::Execute(CProcessContext& context, WString&) {
   WString name;
   WString lowerName;
-  WString errorText = EvaluateFunctionName(*this, name_, context, name, lowerName);
+  CErrorText errorText = EvaluateFunctionName(*this, name_, context, name, lowerName);
   if (errorText.empty()) context.userFunctions.RemoveDefinition(lowerName);
   return errorText;
 }

@@ -4,6 +4,7 @@
 
 #include "engine/functions/function.h"
 #include "engine/user_functions.h"
+#include "text/error_text.h"
 
 namespace NScrivolt {
 
@@ -12,10 +13,10 @@ namespace NScrivolt {
 class CFunctionMakeFunction : public CFunction {
  public:
   const CArgumentTable& Arguments() const override;
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 
  private:
-  WString DeclareArguments(CProcessContext& context, CUserFunction& definition) const;
+  CErrorText DeclareArguments(CProcessContext& context, CUserFunction& definition) const;
 
   ArgumentSlot name_ = nullptr;
   CParsePartRef content_;
@@ -31,7 +32,7 @@ class CFunctionMakeFunction : public CFunction {
 class CFunctionDeleteFunction : public CFunction {
  public:
   const CArgumentTable& Arguments() const override;
-  WString Execute(CProcessContext& context, WString& output) override;
+  CErrorText Execute(CProcessContext& context, WString& output) override;
 
  private:
   ArgumentSlot name_ = nullptr;

@@ -5,7 +5,7 @@ namespace NScrivolt {
 // Fill puts each value where its placeholder stood in the message, so a
 // message or context that itself holds "[LINE]" or "[ERROR]" cannot be
 // taken for the line's own.
-void AddError(WString& errorText, const CText& message, const ParseLocation& location) {
+void AddError(CErrorText& errorText, const CText& message, const ParseLocation& location) {
   const WString lineNumber = IntegerToText(std::int64_t(location.line));
   const WString columnNumber = IntegerToText(std::int64_t(location.column));
   CText line(MsgErrorLine);
@@ -13,32 +13,31 @@ void AddError(WString& errorText, const CText& message, const ParseLocation& loc
              {u"[LINE]", lineNumber},
              {u"[COLUMN]", columnNumber},
              {u"[CONTEXT]", location.context}});
-  if (!errorText.empty()) errorText += u"\r\n";
-  errorText += line.str();
+  errorText.AddLine(line.str());
 }
 
-void AddErrorAt(WString& errorText, MessageId id, const CParsePart& at,
+void AddErrorAt(CErrorText& errorText, MessageId id, const CParsePart& at,
                 std::initializer_list<CText::Filler> values) {
   CText message(id);
   if (values.size() > 0) message.Fill(values);
   AddError(errorText, message, at.Location());
 }
 
-WString ErrorAt(MessageId id, const CParsePart& at, std::initializer_list<CText::Filler> values) {
-  WString errorText;
+CErrorText ErrorAt(MessageId id, const CParsePart& at, std::initializer_list<CText::Filler> values) {
+  CErrorText errorText;
   AddErrorAt(errorText, id, at, values);
   return errorText;
 }
 
-WString ArgumentMissingError(const CParsePart& call, WStringView displayName) {
+CErrorText ArgumentMissingError(const CParsePart& call, WStringView displayName) {
   return ErrorAt(MsgArgumentMissing, call, {{u"[ARG]", displayName}});
 }
 
-WString UnknownOptionError(const CParsePart& argument, WStringView text) {
+CErrorText UnknownOptionError(const CParsePart& argument, WStringView text) {
   return ErrorAt(MsgUnknownOption, argument, {{u"[OPT]", text}, {u"[ARG]", argument.Name()}});
 }
 
-WString ParamNotSetError(const CParsePart& argument, WStringView evaluatedText) {
+CErrorText ParamNotSetError(const CParsePart& argument, WStringView evaluatedText) {
   return ErrorAt(MsgParamNotSet, argument, {{u"[PARAM]", evaluatedText}, {u"[ARG]", argument.Name()}});
 }
 

@@ -27,13 +27,13 @@ CParser::~CParser() = default;
 
 // template = content
 // A ")" that ends the top-level content has no argument content to close.
-WString CParser::Parse(WString text, WStringView context) {
+CErrorText CParser::Parse(WString text, WStringView context) {
   source_ = CRefCounter<CTemplateSource*>::Make(std::move(text), WString(context));
   root_ = CParsePartRef::Make(PartKind::Template, source_, 0, WStringView());
   text_ = source_->Text().data();
   length_ = source_->Text().size();
   pos_ = 0;
-  error_.clear();
+  error_ = CErrorText();
   const Token ended = ParseContent(*root_);
   if (!Failed() && ended.kind == TokenKind::ContentClose) {
     Fail(MsgScriptContinuationWithoutOpen, ended.start);

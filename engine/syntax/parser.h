@@ -14,6 +14,7 @@
 #include "engine/syntax/parse_part.h"
 #include "engine/ref_counter.h"
 #include "engine/syntax/template_source.h"
+#include "text/error_text.h"
 #include "text/message_ids.h"
 #include "text/base/wide_string.h"
 
@@ -30,7 +31,7 @@ class CParser {
   // the error text: empty when the template is well formed, otherwise the
   // one line of its first syntax error, located in `context`. After an error
   // the tree holds what was parsed before it.
-  WString Parse(WString text, WStringView context);
+  CErrorText Parse(WString text, WStringView context);
 
   CParsePartRef GetRoot() const { return root_; }
 
@@ -87,7 +88,7 @@ class CParser {
   const WChar* text_ = nullptr;
   std::size_t length_ = 0;
   std::size_t pos_ = 0;  // the scan position in script mode
-  WString error_;
+  CErrorText error_;
 };
 
 }  // namespace NScrivolt

@@ -1,5 +1,6 @@
 #include "platform/message_box.h"
 
+#include "platform/win32/standard_error.h"
 #include "platform/win32/wide_cast.h"
 
 namespace NScrivolt::Platform {
@@ -10,7 +11,9 @@ void ShowMessageBox(WStringView text, WStringView title, MessageBoxIcon icon) {
   if (icon == MessageBoxIcon::Error) style |= MB_ICONERROR;
   const WString textCopy(text);
   const WString titleCopy(title);
-  MessageBoxW(nullptr, AsWin(textCopy), AsWin(titleCopy), style);
+  if (BoxFailed(MessageBoxW(nullptr, AsWin(textCopy), AsWin(titleCopy), style))) {
+    WriteMessageToStandardError(textCopy, titleCopy);
+  }
 }
 
 }  // namespace NScrivolt::Platform

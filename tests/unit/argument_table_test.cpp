@@ -44,7 +44,7 @@ class CTestFunction : public CTestBase {
 // Binds each argument of the call written in `source`; the result codes in
 // written order.
 std::vector<int> BindAll(CParser& parser, const char* source, CTestFunction& function) {
-  EXPECT_EQ(parser.Parse(Utf8ToWide(source), u"test"), u"");
+  EXPECT_EQ(parser.Parse(Utf8ToWide(source), u"test").str(), u"");
   const CParsePart& call = *parser.GetRoot()->Children().front();
   std::vector<int> codes;
   for (const CParsePartRef& argument : call.Children()) {
@@ -98,7 +98,7 @@ TEST(ArgumentTable, RefusedChoiceKeepsTheFirst) {
 
 TEST(ArgumentTable, BaseFunctionTakesNoArgument) {
   CParser parser;
-  ASSERT_EQ(parser.Parse(u"<# f x #>", u"test"), u"");
+  ASSERT_EQ(parser.Parse(u"<# f x #>", u"test").str(), u"");
   CFunction function;
   EXPECT_EQ(function.AcceptArgument(u"x", parser.GetRoot()->Children().front()->Children().front()),
             kArgumentUnknown);

@@ -6,6 +6,7 @@
 
 #include "text/base/utf8.h"
 #include "text/encoded_output.h"
+#include "text/error_text.h"
 #include "text/file_io.h"
 #include "unit/ansi_samples.h"
 #include "unit/scratch_folder.h"
@@ -17,7 +18,7 @@ using Type = EncodingType;
 
 struct CWriteResult {
   bool ok = false;
-  WString errorText;
+  CErrorText errorText;
   bool exists = false;
   std::string bytes;
 };
@@ -84,7 +85,7 @@ TEST(EncodedOutput, WritesWhatTheWholeTextWouldHaveWritten) {
           const std::string what = WideToUtf8(text) + " as " + std::to_string(int(type)) +
                                    (isExplicit ? " explicit" : "") + ", cuts " + std::to_string(cuts.size());
           EXPECT_EQ(pieces.ok, whole.ok) << what;
-          EXPECT_EQ(pieces.errorText, whole.errorText) << what;
+          EXPECT_EQ(pieces.errorText.str(), whole.errorText.str()) << what;
           EXPECT_EQ(pieces.exists, whole.exists) << what;
           EXPECT_EQ(pieces.bytes, whole.bytes) << what;
         }

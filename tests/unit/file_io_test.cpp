@@ -30,7 +30,7 @@ EncodingInfo Info(EncodingType type, bool bom = false) {
 class FileIo : public ::testing::Test {
  protected:
   Testing::CScratchFolder folder_;
-  WString errorText_;
+  CErrorText errorText_;
 };
 
 struct ReadCase {
@@ -63,18 +63,18 @@ TEST_F(FileIo, ReadDetectsOrChecksTheMarkAndReportsIt) {
     EXPECT_EQ(encoding.bomLength, c.bomLength) << Hex(c.bytes);
     EXPECT_EQ(encoding.bom, c.bomLength != 0) << Hex(c.bytes);
   }
-  EXPECT_EQ(errorText_, u"");
+  EXPECT_EQ(errorText_.str(), u"");
 }
 
 // Skipping covers only a file that is not there; a folder is there.
 TEST_F(FileIo, FolderInPlaceOfTheFileCannotBeRead) {
   const WString path = folder_.Folder();
   for (const bool skipIfMissing : {false, true}) {
-    WString errorText;
+    CErrorText errorText;
     WString text = u"old";
     EncodingInfo encoding;
     EXPECT_FALSE(ReadTextFile(path, text, skipIfMissing, encoding, false, errorText));
-    EXPECT_EQ(errorText, CannotRead(path));
+    EXPECT_EQ(errorText.str(), CannotRead(path));
     EXPECT_EQ(text, u"");
   }
 }
@@ -99,7 +99,7 @@ TEST_F(FileIo, WriteEncodesWithOrWithoutMark) {
     EXPECT_TRUE(WriteTextFile(path, c.text, c.encoding, c.isExplicit, errorText_)) << Hex(c.bytes);
     EXPECT_EQ(Hex(folder_.Get("out.txt")), Hex(c.bytes));
   }
-  EXPECT_EQ(errorText_, u"");
+  EXPECT_EQ(errorText_.str(), u"");
   EXPECT_EQ(folder_.Names(), std::set<std::string>{"out.txt"});
 }
 
@@ -109,7 +109,7 @@ TEST_F(FileIo, FolderInPlaceOfTheOutputStaysAsItWas) {
   folder_.Put("target/kept.txt", "kept");
   const WString path = folder_.Path("target");
   EXPECT_FALSE(WriteTextFile(path, u"text", Info(Type::Utf8), true, errorText_));
-  EXPECT_EQ(errorText_, CannotWrite(path));
+  EXPECT_EQ(errorText_.str(), CannotWrite(path));
   EXPECT_EQ(folder_.Names(), std::set<std::string>{"target"});
   EXPECT_EQ(folder_.Get("target/kept.txt"), "kept");
 }
@@ -136,7 +136,7 @@ TEST_F(FileIo, CharactersCutByTheEndOfAReadPieceComeOutWhole) {
     EXPECT_EQ(text.size(), whole.text.size()) << Hex(bytes.substr(bytes.size() - 12));
     EXPECT_TRUE(text == whole.text) << Hex(bytes.substr(bytes.size() - 12));
   }
-  EXPECT_EQ(errorText_, u"");
+  EXPECT_EQ(errorText_.str(), u"");
 }
 
 TEST_F(FileIo, BytesInvalidInALaterPieceFailTheWholeRead) {
@@ -149,7 +149,7 @@ TEST_F(FileIo, BytesInvalidInALaterPieceFailTheWholeRead) {
   WString text;
   EncodingInfo encoding;
   EXPECT_FALSE(ReadTextFile(path, text, false, encoding, true, errorText_));
-  EXPECT_EQ(errorText_, CannotRead(path));
+  EXPECT_EQ(errorText_.str(), CannotRead(path));
   EXPECT_EQ(text, u"");
 }
 
@@ -164,7 +164,7 @@ TEST_F(FileIo, APairAcrossTheEndOfAWritePieceStaysOneCharacter) {
     EXPECT_EQ(folder_.Get("out.txt").size(), expected.size());
     EXPECT_TRUE(folder_.Get("out.txt") == expected) << int(type);
   }
-  EXPECT_EQ(errorText_, u"");
+  EXPECT_EQ(errorText_.str(), u"");
 }
 
 // A character no code page holds, found only in a later piece: nothing is
@@ -175,14 +175,13 @@ TEST_F(FileIo, UnrepresentableInALaterPieceIsFoundBeforeAnythingIsReplaced) {
   const WString path = folder_.Path("out.txt");
   folder_.Put("out.txt", "before");
   EXPECT_FALSE(WriteTextFile(path, text, Info(Type::Ascii), true, errorText_));
-  EXPECT_EQ(errorText_,
-            u"\r\n- Content to write to file \"" + path + u"\" not representable in ASCII encoding");
+  EXPECT_EQ(errorText_.str(), u"\r\n- Content to write to file \"" + path + u"\" not representable in ASCII encoding");
   EXPECT_EQ(folder_.Get("out.txt"), "before");
   EXPECT_EQ(folder_.Names(), std::set<std::string>{"out.txt"});
 
-  WString errorText;
+  CErrorText errorText;
   EXPECT_TRUE(WriteTextFile(path, text, Info(Type::Ascii), false, errorText));
-  EXPECT_EQ(errorText, u"");
+  EXPECT_EQ(errorText.str(), u"");
   EXPECT_TRUE(folder_.Get("out.txt") == EncodeText(text, Type::Utf8, true).bytes);
   EXPECT_EQ(folder_.Names(), std::set<std::string>{"out.txt"});
 }

@@ -62,12 +62,12 @@ const DecodeCase kDecodeCases[] = {
 TEST(JsonParams, DecodeMapsTheDocumentOrReportsTheFirstFault) {
   for (const DecodeCase& c : kDecodeCases) {
     CParam target;
-    const WString errors = DecodeJsonTree(c.text, target);
+    const CErrorText errors = DecodeJsonTree(c.text, target);
     if (*c.error == '\0') {
-      EXPECT_EQ(Lines(errors), "") << c.name;
+      EXPECT_EQ(Lines(errors.str()), "") << c.name;
       EXPECT_EQ(Layout(target), c.layout) << c.name;
     } else {
-      EXPECT_EQ(Lines(errors), std::string("\n- The specified JSON is invalid at line ") + c.error) << c.name;
+      EXPECT_EQ(Lines(errors.str()), std::string("\n- The specified JSON is invalid at line ") + c.error) << c.name;
       EXPECT_EQ(Layout(target), "\"\"") << c.name << ": the target stays empty";
     }
   }
@@ -75,7 +75,7 @@ TEST(JsonParams, DecodeMapsTheDocumentOrReportsTheFirstFault) {
 
 TEST(JsonParams, DecodeKeepsWhatEachValueStoodFor) {
   CParam target;
-  ASSERT_EQ(DecodeJsonTree(u"[1, true, false, null, {}, [], \"1\"]", target), u"");
+  ASSERT_EQ(DecodeJsonTree(u"[1, true, false, null, {}, [], \"1\"]", target).str(), u"");
   const ValueKind expected[] = {ValueKind::Literal,     ValueKind::Literal,    ValueKind::Literal, ValueKind::Null,
                                 ValueKind::EmptyObject, ValueKind::EmptyArray, ValueKind::Text};
   ASSERT_EQ(target.Count(), std::size(expected));
@@ -93,7 +93,7 @@ TEST(JsonParams, DecodesDeepNestingWithoutRecursion) {
   WString text(kDepth, u'[');
   text.append(kDepth, u']');
   CParam target;
-  ASSERT_EQ(DecodeJsonTree(text, target), u"");
+  ASSERT_EQ(DecodeJsonTree(text, target).str(), u"");
   const CParam* node = &target;
   std::size_t depth = 1;
   while (node->Count() > 0) {
@@ -135,9 +135,9 @@ const WChar* const kRoundTrips[] = {
 TEST(JsonParams, DecodingAndEncodingGiveTheDocumentBack) {
   for (const WChar* document : kRoundTrips) {
     CParam tree;
-    ASSERT_EQ(DecodeJsonTree(document, tree), u"") << WideToUtf8(document);
+    ASSERT_EQ(DecodeJsonTree(document, tree).str(), u"") << WideToUtf8(document);
     WString output;
-    EXPECT_EQ(EncodeJsonTree(tree, output), u"");
+    EXPECT_EQ(EncodeJsonTree(tree, output).str(), u"");
     EXPECT_EQ(WideToUtf8(output), WideToUtf8(document));
   }
 }
@@ -181,9 +181,9 @@ TEST(JsonParams, EncodeRefusesTreesNestedTooDeep) {
     return top;
   };
   WString output;
-  EXPECT_EQ(EncodeJsonTree(chain(kMaxEncodedJsonDepth), output), u"");
+  EXPECT_EQ(EncodeJsonTree(chain(kMaxEncodedJsonDepth), output).str(), u"");
   output = u"kept";
-  EXPECT_EQ(Lines(EncodeJsonTree(chain(kMaxEncodedJsonDepth + 1), output)),
+  EXPECT_EQ(Lines(EncodeJsonTree(chain(kMaxEncodedJsonDepth + 1), output).str()),
             "\n- Too many nested levels (1000) to encode as JSON");
   EXPECT_EQ(output, u"kept");
 }

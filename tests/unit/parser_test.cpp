@@ -60,14 +60,14 @@ TEST(Parser, BuildsTheTreesOfWellFormedTemplates) {
   };
   for (const ShapeCase& c : cases) {
     CParser parser;
-    EXPECT_EQ(WideToUtf8(parser.Parse(Utf8ToWide(c.source), kContext)), "") << c.source;
+    EXPECT_EQ(WideToUtf8(parser.Parse(Utf8ToWide(c.source), kContext).str()), "") << c.source;
     EXPECT_EQ(ParseTreeText(*parser.GetRoot()), c.tree) << c.source;
   }
 }
 
 TEST(Parser, LocatesPartsAtTheirFirstCharacter) {
   CParser parser;
-  ASSERT_EQ(parser.Parse(u"ab\r\n<# f\n  x: \"v\" c: (#>t<#) #>", kContext), u"");
+  ASSERT_EQ(parser.Parse(u"ab\r\n<# f\n  x: \"v\" c: (#>t<#) #>", kContext).str(), u"");
   const CParsePart& root = *parser.GetRoot();
   ASSERT_EQ(root.Children().size(), 2u);
   const CParsePart& text = *root.Children()[0];
@@ -136,7 +136,7 @@ TEST(Parser, ReportsEachSyntaxErrorAtItsPlaceForEveryLineEnd) {
   for (const auto& [lineEnd, name] : lineEnds) {
     for (const ErrorCase& c : cases) {
       CParser parser;
-      EXPECT_EQ(WideToUtf8(parser.Parse(ReplaceAll(Utf8ToWide(c.source), u"\n", lineEnd), kContext)),
+      EXPECT_EQ(WideToUtf8(parser.Parse(ReplaceAll(Utf8ToWide(c.source), u"\n", lineEnd), kContext).str()),
                 ExpectedErrorLine(c))
           << c.source << " with " << name;
     }
@@ -152,14 +152,14 @@ TEST(Parser, TellsATemplateThatIsItsOwnOutput) {
   };
   for (const auto& [text, verbatim] : cases) {
     CParser parser;
-    ASSERT_EQ(parser.Parse(WString(text), kContext), u"") << WideToUtf8(text);
+    ASSERT_EQ(parser.Parse(WString(text), kContext).str(), u"") << WideToUtf8(text);
     EXPECT_EQ(parser.IsVerbatim(), verbatim) << WideToUtf8(text);
   }
 }
 
 TEST(Parser, HandsOutItsTextAndEndsTheParse) {
   CParser parser;
-  ASSERT_EQ(parser.Parse(u"a text long enough to live on the heap", kContext), u"");
+  ASSERT_EQ(parser.Parse(u"a text long enough to live on the heap", kContext).str(), u"");
   EXPECT_EQ(parser.TakeText(), u"a text long enough to live on the heap");
   EXPECT_EQ(ParseTreeText(*parser.GetRoot()), "");
   EXPECT_FALSE(parser.IsVerbatim());
@@ -168,7 +168,7 @@ TEST(Parser, HandsOutItsTextAndEndsTheParse) {
 // A part held elsewhere views the text, so the text is copied, not moved.
 TEST(Parser, CopiesTheTextWhileAPartIsHeldElsewhere) {
   CParser parser;
-  ASSERT_EQ(parser.Parse(u"a text long enough to live on the heap", kContext), u"");
+  ASSERT_EQ(parser.Parse(u"a text long enough to live on the heap", kContext).str(), u"");
   const CParsePartRef text = parser.GetRoot()->Children()[0];
   const WString taken = parser.TakeText();
   EXPECT_EQ(taken, u"a text long enough to live on the heap");
@@ -194,7 +194,7 @@ TEST(Parser, ParsesAndFreesAMillionNestedContents) {
   CParsePartRef root;
   {
     CParser parser;
-    ASSERT_EQ(parser.Parse(NestedContents(kDeepNesting, true), kContext), u"");
+    ASSERT_EQ(parser.Parse(NestedContents(kDeepNesting, true), kContext).str(), u"");
     root = parser.GetRoot();
   }
   std::size_t depth = 0;
@@ -210,9 +210,9 @@ TEST(Parser, ParsesAndFreesAMillionNestedContents) {
 TEST(Parser, ReportsAMillionNestedUnclosedContentsAtTheInnermost) {
   CParser parser;
   const std::size_t innermost = 2 + 6 * (kDeepNesting - 1) + 5;
-  EXPECT_EQ(WideToUtf8(parser.Parse(NestedContents(kDeepNesting, false), kContext)),
-            "- Argument content not closed before end of template at line 1, column " +
-                std::to_string(innermost + 1) + ", file \"t.txt\"");
+  EXPECT_EQ(WideToUtf8(parser.Parse(NestedContents(kDeepNesting, false), kContext).str()),
+            "- Argument content not closed before end of template at line 1, column " + std::to_string(innermost + 1) +
+                ", file \"t.txt\"");
 }
 
 }  // namespace

@@ -94,7 +94,7 @@ class FileProcess : public ::testing::Test {
   WString Run(const WString& in, const WString& out) {
     CFileContentSource source(in, EncodingType::Ascii, false, MissingFile::Error, InFileParam::Set);
     CFileContentDest destination(out, EncodingType::Ascii, false, true);
-    return Process(context_, source, destination, Evaluation::Evaluate, Isolation::Isolated);
+    return Process(context_, source, destination, Evaluation::Evaluate, Isolation::Isolated).str();
   }
 
   CScratchFolder folder_;
@@ -141,7 +141,7 @@ TEST(ProcessWithoutEvaluation, CopiesTheTextUnchanged) {
   WString out;
   CStringContentSource source(u"<#<# <# use #>");
   CStringContentDest destination(&out);
-  EXPECT_EQ(Process(context, source, destination, Evaluation::CopyText, Isolation::KeepChanges), u"");
+  EXPECT_EQ(Process(context, source, destination, Evaluation::CopyText, Isolation::KeepChanges).str(), u"");
   EXPECT_EQ(out, u"<#<# <# use #>");
 }
 

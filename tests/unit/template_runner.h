@@ -30,7 +30,7 @@ inline TemplateRun RunTemplate(CProcessContext& context, WStringView text,
   TemplateRun run;
   CStringContentSource source{WString(text)};
   CStringContentDest destination(&run.output);
-  run.errors = Process(context, source, destination, Evaluation::Evaluate, isolation);
+  run.errors = Process(context, source, destination, Evaluation::Evaluate, isolation).str();
   return run;
 }
 

@@ -49,8 +49,8 @@ const XmlDecodeCase kDecodeCases[] = {
 TEST(XmlParams, DecodeMapsTheDocumentOrReportsWhereReadingStopped) {
   for (const XmlDecodeCase& c : kDecodeCases) {
     CParam target;
-    const WString errors = DecodeXmlTree(c.text, target);
-    EXPECT_EQ(Lines(errors), c.errors) << c.name;
+    const CErrorText errors = DecodeXmlTree(c.text, target);
+    EXPECT_EQ(Lines(errors.str()), c.errors) << c.name;
     if (errors.empty()) {
       EXPECT_EQ(Layout(target), c.layout) << c.name;
     } else {
@@ -80,7 +80,7 @@ TEST(XmlParams, DecodeNumbersInDocumentOrderWhateverTheShape) {
   for (const WStringView document : documents) {
     const std::uint64_t before = LastAutomaticNumber();
     CParam target;
-    ASSERT_EQ(Lines(DecodeXmlTree(document, target)), "") << WideToUtf8(document);
+    ASSERT_EQ(Lines(DecodeXmlTree(document, target).str()), "") << WideToUtf8(document);
     std::vector<std::string> names;
     NumberedNames(target, names);
     ASSERT_FALSE(names.empty());
@@ -90,7 +90,7 @@ TEST(XmlParams, DecodeNumbersInDocumentOrderWhateverTheShape) {
   for (const WStringView failing : {WStringView(u"<a><b/><c></d>"), WStringView(u"<a/><b x='1'><c>")}) {
     const std::uint64_t before = LastAutomaticNumber();
     CParam target;
-    EXPECT_NE(Lines(DecodeXmlTree(failing, target)), "");
+    EXPECT_NE(Lines(DecodeXmlTree(failing, target).str()), "");
     EXPECT_EQ(LastAutomaticNumber(), before) << WideToUtf8(failing);
   }
 }
@@ -119,10 +119,10 @@ CParam Chain(std::size_t levels) {
 
 TEST(XmlParams, EncodeRefusesTreesNestedTooDeep) {
   WString output;
-  EXPECT_EQ(EncodeXmlTree(Chain(kMaxEncodedXmlDepth), output), u"");
+  EXPECT_EQ(EncodeXmlTree(Chain(kMaxEncodedXmlDepth), output).str(), u"");
   EXPECT_EQ(output.size(), kMaxEncodedXmlDepth * (kMaxEncodedXmlDepth - 1) + (kMaxEncodedXmlDepth - 1) * 8 + 5);
   output = u"kept";
-  EXPECT_EQ(Lines(EncodeXmlTree(Chain(kMaxEncodedXmlDepth + 1), output)),
+  EXPECT_EQ(Lines(EncodeXmlTree(Chain(kMaxEncodedXmlDepth + 1), output).str()),
             "\n- Too many nested sub-tags (1000) to encode as XML");
   EXPECT_EQ(output, u"kept");
 }

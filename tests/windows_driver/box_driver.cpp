@@ -2,7 +2,8 @@
 // message box the program shows is recorded on standard output — its title on
 // one line, its text below it, as the Linux program writes its message boxes
 // to standard error — and then closed with its default button. The driver
-// ends with the program's exit code, so a test can check all three.
+// ends with the program's exit code, so a test can check all three, or with
+// 125 when it cannot start the program at all.
 //
 //   box_driver.exe [--timeout SECONDS] PROGRAM [ARGUMENT...]
 #include <fcntl.h>
@@ -63,16 +64,21 @@ int wmain(int argc, wchar_t** argv) {
   }
   if (first >= argc) {
     std::fprintf(stderr, "usage: box_driver [--timeout SECONDS] PROGRAM [ARGUMENT...]\n");
-    return 2;
+    return kDriverFailedExitCode;
   }
   std::wstring commandLine;
   for (int i = first; i < argc; ++i) commandLine += (i > first ? L" " : L"") + Quote(argv[i]);
+  // The program gets the driver's standard error, so what it writes there
+  // when it cannot show a box (a fault report, say) reaches the test's log.
   STARTUPINFOW startup{};
   startup.cb = sizeof startup;
+  startup.dwFlags = STARTF_USESTDHANDLES;
+  startup.hStdError = GetStdHandle(STD_ERROR_HANDLE);
+  SetHandleInformation(startup.hStdError, HANDLE_FLAG_INHERIT, HANDLE_FLAG_INHERIT);
   PROCESS_INFORMATION process{};
-  if (!CreateProcessW(nullptr, &commandLine[0], nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process)) {
+  if (!CreateProcessW(nullptr, &commandLine[0], nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup, &process)) {
     std::fprintf(stderr, "box_driver: cannot start the program (error %lu)\n", GetLastError());
-    return 2;
+    return kDriverFailedExitCode;
   }
   std::set<HWND> answered;
   DWORD waited = 0;

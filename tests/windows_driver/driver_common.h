@@ -10,6 +10,9 @@ namespace driver {
 
 constexpr DWORD kPollMilliseconds = 20;
 constexpr int kTimedOutExitCode = 124;
+// The driver itself could not do its work (no program started): an exit code
+// no program under test uses, so a test never mistakes it for the program's.
+constexpr int kDriverFailedExitCode = 125;
 
 // One argument quoted so that the usual splitting rules give it back unchanged.
 inline std::wstring Quote(const std::wstring& argument) {

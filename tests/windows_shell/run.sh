@@ -117,6 +117,28 @@ else
   fail help-viewer "no help viewer window \"Scrivolt Help\" appeared for /?: $viewer_seen"
 fi
 
+# Without a display no box can be made: the notice, the feedback and a
+# fault report come on standard error instead, as the lines of a box.
+# expect_stderr NAME EXPECTED_EXIT EXPECTED_LINES PROGRAM [ARGUMENT...]
+expect_stderr() {
+  local name=$1 expected_exit=$2 expected=$3 exit_code
+  shift 3
+  (cd "$scratch" && env -u DISPLAY timeout "${CASE_TIMEOUT:-60}" wine "$@") >/dev/null 2>"$scratch/$name.err"
+  exit_code=$?
+  sed -i -E 's/at (address|offset) 0x[0-9A-F]{8,16}/at \1 {HEX}/g' "$scratch/$name.err"
+  if [ "$exit_code" != "$expected_exit" ]; then
+    fail "$name" "exit code $exit_code, expected $expected_exit"
+  elif ! diff -u <(printf '%s\n' "$expected") "$scratch/$name.err"; then
+    fail "$name" "standard error differs"
+  else
+    passed=$((passed + 1))
+  fi
+}
+expect_stderr no-display-run 1 "$beta_box"$'\nScrivolt - Error processing\nNo output file specified' \
+  "$installed/Scrivolt.exe" /in nothing.txt /go
+expect_stderr no-display-fault 2 "$(access_violation fault_probe.exe 'invalid write of address 0x00000000.')" \
+  "$probe" write-null
+
 rm -r "$installed/Help"
 run_case help-file-missing 0 \
   "$beta_box"$'\nScrivolt - Error opening help page\nThe help page cannot be located.  Please re-install Scrivolt to fix this problem.\n'"$nothing_box" \

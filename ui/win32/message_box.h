@@ -8,7 +8,8 @@
 
 namespace NScrivolt::Ui {
 
-// Returns the button the person pressed (IDOK, IDRETRY, ...).
+// Returns the button the person pressed (IDOK, IDRETRY, ...). When no box can
+// be made the message goes to standard error and the result says so (0 or -1).
 int ShowMessage(HWND owner, const CText& text, MessageId title, UINT style);
 
 }  // namespace NScrivolt::Ui
