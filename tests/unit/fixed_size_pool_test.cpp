@@ -66,7 +66,7 @@ class CPoolCheck {
 };
 
 TEST(FixedSizePool, SlotsNeverOverlapAcrossBlocksAndReuse) {
-  const std::size_t slotSizes[] = {1, 8, 13, 72, 4096, CFixedSizePool::kBlockBytes / 3};
+  const std::size_t slotSizes[] = {1, 8, 13, 72, 4096, CFixedSizePool::kBlockBytes / 4};
   for (std::size_t slotBytes : slotSizes) {
     SCOPED_TRACE(slotBytes);
     CPoolCheck check(slotBytes);
