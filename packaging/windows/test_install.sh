@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Checks the Windows installer under Wine: a silent install puts the files,
 # shortcuts and uninstall entry in place, the installed program runs a
-# command-line job, and a silent uninstall removes everything again.
+# command-line job, a silent uninstall gives up while the program runs, and
+# removes everything once it has ended.
 #
 #   packaging/windows/test_install.sh [BUILD]   (default build/windows; run
 #                                               make_dist.sh first)
@@ -38,6 +39,22 @@ printf 'Hello <# use param: "Name" #>!' >"$job/t.txt"
   /feedbackdest file fb.txt /set Name World /in t.txt /out out.txt /go >/dev/null 2>&1)
 check "the installed program runs a job" grep -q 'Hello World!' "$job/out.txt"
 rm -rf "$job"
+
+# A running Scrivolt holds the uninstaller back: a silent uninstall gives up
+# while the main window is open, and removes nothing. The window driver keeps
+# the window open for 20 seconds; waiting for every process of the prefix
+# waits for the uninstaller's copy and for the window.
+hold=$(mktemp -d)
+printf 'box OK\nwindow Scrivolt\nsleep 20000\nclose\nexit\n' >"$hold/hold.script"
+(cd "$hold" && timeout 120 wine "$build/tests/win_driver.exe" --timeout 60 \
+  "$(winepath -w "$hold/hold.script" 2>/dev/null)" "$home/Scrivolt.exe" >"$hold/transcript" 2>/dev/null) &
+for _ in $(seq 1 60); do grep -q '^window' "$hold/transcript" 2>/dev/null && break; sleep 1; done
+check "the main window is open" grep -q '^window' "$hold/transcript"
+wine "$home/Uninstall.exe" /S >/dev/null 2>&1
+timeout 90 wineserver -w
+wait
+check "a silent uninstall leaves a running Scrivolt in place" test -f "$home/Scrivolt.exe" -a -f "$home/Uninstall.exe"
+rm -rf "$hold"
 
 # The uninstaller runs a copy of itself from the temporary folder: wait
 # until every process of the prefix has ended.
