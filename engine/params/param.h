@@ -192,8 +192,7 @@ class CParam final {
   WStringView GivenKey() const { return id_ ? WStringView(id_->key) : WStringView(); }
   // In line: lookups in short lists call it for every child.
   bool HasKey(const CKeyLookup& lookup) const {
-    if (automaticNumber_ != 0) return automaticNumber_ == lookup.automaticNumber;
-    return keyTag_ == lookup.tag && GivenKey() == lookup.key;
+    return automaticNumber_ != 0 ? automaticNumber_ == lookup.automaticNumber : GivenKey() == lookup.key;
   }
   // The key, written into `buffer` when it is an automatic one.
   WStringView KeyIn(AutomaticKeyBuffer& buffer) const;
@@ -216,7 +215,7 @@ class CParam final {
   std::int32_t index_ = 0;             // position among the siblings (see CParamChildList)
   bool numbered_ = true;               // made by number
   ValueKind valueKind_ = ValueKind::Text;
-  std::uint16_t keyTag_ = 0;           // KeyTag of the given key; in the padding after the flags
+  std::uint16_t keyTag_ = 0;           // KeyTag of the given key, for the list's tags; in the padding
   CParamChildList* children_ = nullptr;   // shared; null without children
   CParamChildList* container_ = nullptr;  // the list holding this node; null for a root
 };
