@@ -36,18 +36,30 @@ WString FolderWithSeparator(const WString& path) {
 }
 
 // A new file with a name of its own beside the target; CREATE_NEW never
-// takes over a file that is already there.
+// takes over a file that is already there. It may be deleted through its
+// handle (see MarkForDeletion).
 HANDLE CreateTemporaryBeside(const WString& target, WString& temporary) {
   static unsigned counter = 0;
   const WString folder = FolderWithSeparator(target);
   const WString process = IntegerToText(GetCurrentProcessId());
   for (int attempt = 0; attempt < kTemporaryNameAttempts; ++attempt) {
     temporary = folder + u"~scrivolt-" + process + u"-" + IntegerToText(++counter) + u".tmp";
-    const HANDLE file = CreateFileW(AsWin(temporary), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+    const HANDLE file = CreateFileW(AsWin(temporary), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
                                     FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file != INVALID_HANDLE_VALUE || GetLastError() != ERROR_FILE_EXISTS) return file;
   }
   return INVALID_HANDLE_VALUE;
+}
+
+// Marks an open file to be deleted when its last handle closes, or takes the
+// mark back. While the new content is written the temporary file carries the
+// mark, so a run that is killed, or ends in any other way before the
+// replacement, leaves no file behind: the system closes the handle and the
+// file goes with it.
+bool MarkForDeletion(HANDLE file, bool deleteOnClose) {
+  FILE_DISPOSITION_INFO disposition{};
+  disposition.DeleteFile = deleteOnClose ? TRUE : FALSE;
+  return SetFileInformationByHandle(file, FileDispositionInfo, &disposition, sizeof disposition) != 0;
 }
 
 bool SetSize(HANDLE file, std::uint64_t size) {
@@ -82,10 +94,12 @@ struct CFileReplacement::CState {
     if (!file.IsOpen()) return false;
     temporary = std::move(name);
     route = Route::Replace;
+    markedForDeletion = MarkForDeletion(file.Get(), true);
     return true;
   }
 
   bool CommitReplacement() {
+    if (markedForDeletion && !MarkForDeletion(file.Get(), false)) return false;
     if (!file.Close()) return false;
     const bool moved = existing ? ReplaceFileW(AsWin(target), AsWin(temporary), nullptr,
                                                REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr) != 0
@@ -116,6 +130,7 @@ struct CFileReplacement::CState {
   WString temporary;    // empty once moved, or when none was made
   std::string pending;  // InPlace: everything written so far
   bool existing = false;
+  bool markedForDeletion = false;  // Replace: the new file goes when its handle closes
   DWORD attributes = 0;  // of an existing target
   bool failed = false;  // a write failed
 };

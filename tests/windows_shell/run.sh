@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # End-to-end tests of the Windows shell's services under Wine: the fault
-# handler on a real structured exception, and the help switch with and
-# without the help file. Each case runs a program through the box driver,
-# which records every message box (title, then text) and closes it; the
+# handler on a real structured exception, the help switch with and without
+# the help file, boxes without a display, and a run killed while it writes.
+# Each case runs a program through the box driver, which records every
+# message box (title, then text) and closes it; the
 # records and the exit code are compared with what the case expects.
 # Addresses that change from run to run ("at address 0x...", "at offset
 # 0x...") are compared as {HEX}.
@@ -190,6 +191,33 @@ elif grep -q 'DLL Name:' <<<"$module_headers"; then
 else
   passed=$((passed + 1))
 fi
+
+# A run killed while it writes its output leaves the old file as it was and
+# no temporary file beside it: the new content goes into a file that is
+# deleted when its handle closes, until it takes the target's place. The kill
+# comes once the temporary file is seen.
+killed="$scratch/killed"
+mkdir -p "$killed"
+cp "$build/Scrivolt.exe" "$killed/"
+yes 'A line of text without scripts, repeated to make a large template.' | head -c 40000000 >"$killed/big.txt"
+echo "old content" >"$killed/target.txt"
+(cd "$killed" && timeout 120 wine "$box_driver" "$killed/Scrivolt.exe" /feedbackdest file fb.txt \
+  /in big.txt /out target.txt /go >/dev/null 2>&1) &
+writer=$!
+for _ in $(seq 1 3000); do compgen -G "$killed/~scrivolt-*" >/dev/null && break; sleep 0.01; done
+seen_temporary=$(compgen -G "$killed/~scrivolt-*" | wc -l)
+pkill -9 -f "^$killed/Scrivolt.exe"
+wait "$writer"
+sleep 1
+left=$(cd "$killed" && compgen -G "~scrivolt-*")
+if [ "$seen_temporary" = 0 ]; then
+  fail killed-run "no temporary file appeared while the output was written"
+elif [ "$(cat "$killed/target.txt")" != "old content" ] || [ -n "$left" ]; then
+  fail killed-run "the target holds $(head -c 40 "$killed/target.txt"), left behind: $left"
+else
+  passed=$((passed + 1))
+fi
+rm -rf "$killed"
 
 echo "windows shell: $passed passed, $failed failed"
 [ "$failed" -eq 0 ]
