@@ -51,4 +51,12 @@ class CFixedSizePool {
   CBlock* partial_ = nullptr;  // other blocks with free slots
 };
 
+// The one pool for objects of type T. Never destroyed: trees may be left
+// alive to the end of the process.
+template <class T>
+CFixedSizePool& PoolFor() {
+  static auto* pool = new CFixedSizePool(sizeof(T));
+  return *pool;
+}
+
 }  // namespace NScrivolt

@@ -8,20 +8,10 @@
 
 namespace NScrivolt {
 
-namespace {
-
-// Never destroyed: trees may be left alive to the end of the process.
-CFixedSizePool& NodePool() {
-  static auto* pool = new CFixedSizePool(sizeof(CParam));
-  return *pool;
-}
-
-}  // namespace
-
 // The class is final, so every request is for one of its own size.
-void* CParam::operator new(std::size_t) { return NodePool().Allocate(); }
+void* CParam::operator new(std::size_t) { return PoolFor<CParam>().Allocate(); }
 
-void CParam::operator delete(void* node) { NodePool().Free(node); }
+void CParam::operator delete(void* node) { PoolFor<CParam>().Free(node); }
 
 CParam::CParam(const CParam& other)
     : value_(other.value_),

@@ -8,20 +8,10 @@
 
 namespace NScrivolt {
 
-namespace {
-
-// Never destroyed: trees may be left alive to the end of the process.
-CFixedSizePool& ListPool() {
-  static auto* pool = new CFixedSizePool(sizeof(CParamChildList));
-  return *pool;
-}
-
-}  // namespace
-
 // The class is final, so every request is for one of its own size.
-void* CParamChildList::operator new(std::size_t) { return ListPool().Allocate(); }
+void* CParamChildList::operator new(std::size_t) { return PoolFor<CParamChildList>().Allocate(); }
 
-void CParamChildList::operator delete(void* list) { ListPool().Free(list); }
+void CParamChildList::operator delete(void* list) { PoolFor<CParamChildList>().Free(list); }
 
 CParamKeyIndex& CParamChildList::Index() {
   if (!index_) {
