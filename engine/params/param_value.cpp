@@ -1,0 +1,151 @@
+#include "engine/params/param_value.h"
+
+#include <cstring>
+#include <new>
+
+namespace NScrivolt {
+
+namespace {
+
+constexpr std::size_t kAddressAt = 4;
+
+// One pass that the compiler turns into vector instructions.
+bool AllNarrow(WStringView text) {
+  unsigned bits = 0;
+  for (WChar unit : text) bits |= unit;
+  return bits < 0x100;
+}
+
+void Narrow(WStringView text, unsigned char* out) {
+  for (std::size_t i = 0; i < text.size(); ++i) out[i] = static_cast<unsigned char>(text[i]);
+}
+
+}  // namespace
+
+CParamValue::CParamValue(const CParamValue& other) {
+  if (!other.OnHeap()) {
+    std::memcpy(bytes_, other.bytes_, sizeof bytes_);
+    return;
+  }
+  const std::size_t unitBytes = other.bytes_[0] == kHeapWide ? sizeof(WChar) : 1;
+  const std::size_t blockBytes = sizeof(Block) + other.GetBlock()->length * unitBytes;
+  auto* block = static_cast<Block*>(::operator new(blockBytes));
+  std::memcpy(block, other.GetBlock(), blockBytes);
+  bytes_[0] = other.bytes_[0];
+  SetBlock(block);
+}
+
+CParamValue::CParamValue(CParamValue&& other) noexcept {
+  std::memcpy(bytes_, other.bytes_, sizeof bytes_);
+  other.bytes_[0] = 0;
+}
+
+CParamValue& CParamValue::operator=(const CParamValue& other) {
+  if (this != &other) *this = CParamValue(other);
+  return *this;
+}
+
+CParamValue& CParamValue::operator=(CParamValue&& other) noexcept {
+  if (this == &other) return *this;
+  FreeBlock();
+  std::memcpy(bytes_, other.bytes_, sizeof bytes_);
+  other.bytes_[0] = 0;
+  return *this;
+}
+
+// The new units are stored before the old block is freed: `text` may lie in it.
+void CParamValue::Assign(WStringView text) { *this = CParamValue(text); }
+
+CParamValue::Block* CParamValue::GetBlock() const {
+  Block* block;
+  std::memcpy(&block, bytes_ + kAddressAt, sizeof block);
+  return block;
+}
+
+void CParamValue::SetBlock(Block* block) { std::memcpy(bytes_ + kAddressAt, &block, sizeof block); }
+
+const unsigned char* CParamValue::NarrowUnits() const {
+  return OnHeap() ? reinterpret_cast<const unsigned char*>(GetBlock() + 1) : InlineUnits();
+}
+
+const WChar* CParamValue::WideUnits() const { return reinterpret_cast<const WChar*>(GetBlock() + 1); }
+
+void CParamValue::Store(WStringView text) {
+  const bool narrow = AllNarrow(text);
+  if (narrow && text.size() <= kInlineUnits) {
+    bytes_[0] = static_cast<unsigned char>(text.size());
+    Narrow(text, bytes_ + 1);
+    return;
+  }
+  const std::size_t unitBytes = narrow ? 1 : sizeof(WChar);
+  auto* block = static_cast<Block*>(::operator new(sizeof(Block) + text.size() * unitBytes));
+  block->length = text.size();
+  if (narrow) {
+    Narrow(text, reinterpret_cast<unsigned char*>(block + 1));
+  } else {
+    std::memcpy(block + 1, text.data(), text.size() * sizeof(WChar));
+  }
+  bytes_[0] = narrow ? kHeapNarrow : kHeapWide;
+  SetBlock(block);
+}
+
+void CParamValue::FreeBlock() {
+  if (OnHeap()) ::operator delete(GetBlock());
+}
+
+// Calls visit(units, count) with the units as one-byte or two-byte ones.
+template <typename Visit>
+auto CParamValue::VisitUnits(Visit&& visit) const {
+  if (bytes_[0] == kHeapWide) return visit(WideUnits(), GetBlock()->length);
+  return visit(NarrowUnits(), Size());
+}
+
+std::size_t CParamValue::Size() const { return OnHeap() ? GetBlock()->length : bytes_[0]; }
+
+WChar CParamValue::At(std::size_t position) const {
+  return VisitUnits([position](const auto* units, std::size_t) { return WChar(units[position]); });
+}
+
+WString CParamValue::ToString() const {
+  WString text;
+  AppendTo(text);
+  return text;
+}
+
+// Widened by hand: appending a range of bytes would build a temporary text.
+void CParamValue::AppendTo(WString& out) const {
+  VisitUnits([&out](const auto* units, std::size_t count) {
+    const std::size_t at = out.size();
+    out.resize(at + count);
+    for (std::size_t i = 0; i < count; ++i) out[at + i] = WChar(units[i]);
+  });
+}
+
+WStringView CParamValue::ViewIn(WString& scratch) const {
+  if (bytes_[0] == kHeapWide) return WStringView(WideUnits(), GetBlock()->length);
+  scratch.clear();
+  AppendTo(scratch);
+  return scratch;
+}
+
+bool CParamValue::Equals(WStringView text) const {
+  return VisitUnits([text](const auto* units, std::size_t count) {
+    if (count != text.size()) return false;
+    for (std::size_t i = 0; i < count; ++i) {
+      if (units[i] != text[i]) return false;
+    }
+    return true;
+  });
+}
+
+bool CParamValue::EqualsIgnoringCase(WStringView text) const {
+  return VisitUnits([text](const auto* units, std::size_t count) {
+    if (count != text.size()) return false;
+    for (std::size_t i = 0; i < count; ++i) {
+      if (LowerAscii(WChar(units[i])) != LowerAscii(text[i])) return false;
+    }
+    return true;
+  });
+}
+
+}  // namespace NScrivolt

@@ -1,0 +1,126 @@
+#include <gtest/gtest.h>
+
+#include <utility>
+#include <vector>
+
+#include "engine/params/param_value.h"
+#include "text/base/utf8.h"
+
+namespace NScrivolt {
+namespace {
+
+// Texts on both sides of every boundary between the forms.
+const std::vector<WString>& FormBoundaries() {
+  static const std::vector<WString> texts{
+      u"",
+      u"a",
+      u"abcdefghijk",                   // 11 units: the longest kept inside
+      u"abcdefghijkl",                  // 12: the shortest in a block
+      WString(11, WChar(0xFF)),         // the highest one-byte unit, inside
+      WString(1, WChar(0x100)),         // the lowest two-byte unit
+      u"abcdefghij" + WString(1, WChar(0x100)),
+      WString(u"a\0b", 3),              // an embedded NUL
+      WString(20, WChar(0)),
+      u"\U0001F600",                    // a surrogate pair
+      WString(1, WChar(0xD800)),        // a lone surrogate
+      WString(5000, u'x'),
+      WString(5000, WChar(0x3042)),
+  };
+  return texts;
+}
+
+TEST(ParamValue, KeepsEveryUnitOfEveryForm) {
+  for (const WString& text : FormBoundaries()) {
+    const CParamValue value(text);
+    EXPECT_EQ(value.Size(), text.size()) << WideToUtf8(text);
+    EXPECT_EQ(value.Empty(), text.empty()) << WideToUtf8(text);
+    EXPECT_EQ(value.ToString(), text) << WideToUtf8(text);
+    for (std::size_t i = 0; i < text.size(); ++i) ASSERT_EQ(value.At(i), text[i]) << i;
+    WString scratch = u"earlier";
+    EXPECT_EQ(value.ViewIn(scratch), text) << WideToUtf8(text);
+  }
+}
+
+TEST(ParamValue, AppendsBehindWhatIsThere) {
+  for (const WString& text : FormBoundaries()) {
+    WString out = u"<";
+    CParamValue(text).AppendTo(out);
+    EXPECT_EQ(out, u"<" + text) << WideToUtf8(text);
+  }
+}
+
+TEST(ParamValue, ComparesUnitByUnitAndIgnoresOnlyTheCaseOfAToZ) {
+  struct Case {
+    WStringView value;
+    WStringView text;
+    bool equal;
+    bool equalIgnoringCase;
+  };
+  const WString wide = u"\u00E9t\u0100";
+  const Case cases[] = {
+      {u"", u"", true, true},
+      {u"abc", u"abc", true, true},
+      {u"abc", u"ABC", false, true},
+      {u"abc", u"abcd", false, false},
+      {u"abcdefghijkl", u"ABCDEFGHIJKL", false, true},
+      {u"\u00E9", u"\u00C9", false, false},  // only A-Z fold
+      {WStringView(u"a\0", 2), u"a", false, false},
+      {wide, wide, true, true},
+      {wide, u"\u00E9t\u0101", false, false},
+      {u"\u00FF", u"\u01FF", false, false},  // the low byte alone is no match
+  };
+  for (const Case& c : cases) {
+    const CParamValue value(c.value);
+    EXPECT_EQ(value.Equals(c.text), c.equal) << WideToUtf8(c.value) << " / " << WideToUtf8(c.text);
+    EXPECT_EQ(value.EqualsIgnoringCase(c.text), c.equalIgnoringCase)
+        << WideToUtf8(c.value) << " / " << WideToUtf8(c.text);
+  }
+}
+
+TEST(ParamValue, CopiesAndMovesLeaveEachSideWhole) {
+  for (const WString& text : FormBoundaries()) {
+    CParamValue original(text);
+    CParamValue copy(original);
+    CParamValue assigned(u"something else entirely");
+    assigned = original;
+    original.Assign(u"changed");
+    EXPECT_EQ(copy.ToString(), text);
+    EXPECT_EQ(assigned.ToString(), text);
+
+    CParamValue moved(std::move(copy));
+    EXPECT_EQ(moved.ToString(), text);
+    EXPECT_TRUE(copy.Empty());  // NOLINT(bugprone-use-after-move): moved-from is empty
+    CParamValue target(WString(30, WChar(0x100)));
+    target = std::move(moved);
+    EXPECT_EQ(target.ToString(), text);
+  }
+}
+
+TEST(ParamValue, SelfAssignmentKeepsTheValue) {
+  for (const WString& text : FormBoundaries()) {
+    CParamValue value(text);
+    CParamValue& same = value;
+    value = same;
+    EXPECT_EQ(value.ToString(), text);
+    value = std::move(same);
+    EXPECT_EQ(value.ToString(), text);
+    WString scratch;
+    value.Assign(value.ViewIn(scratch));  // a view of its own block when wide
+    EXPECT_EQ(value.ToString(), text);
+  }
+}
+
+TEST(ParamValue, ChangesFormWhenANewTextNeedsAnother) {
+  CParamValue value;
+  for (const WString& text : FormBoundaries()) {
+    value.Assign(text);
+    EXPECT_EQ(value.ToString(), text);
+  }
+  for (auto text = FormBoundaries().rbegin(); text != FormBoundaries().rend(); ++text) {
+    value.Assign(*text);
+    EXPECT_EQ(value.ToString(), *text);
+  }
+}
+
+}  // namespace
+}  // namespace NScrivolt
