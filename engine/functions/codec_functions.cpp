@@ -68,9 +68,9 @@ CErrorText CFunctionEncode::Execute(CProcessContext& context, WString& output) {
   const CCodecFormat* format = FindCodecFormat(keyword);
   if (format == nullptr) return UnknownOptionError(*for_, keyword);
   if (format->appendEncodedText != nullptr) {
-    format->appendEncodedText(what->GetValue(), output);
+    format->appendEncodedText(what->Value().ViewIn(scratch_), output);
   } else if (!format->IsStructured()) {
-    output += format->encodeText(what->GetValue());
+    output += format->encodeText(what->Value().ViewIn(scratch_));
   } else {
     errorText = format->encodeTree(*what, output);
   }

@@ -32,6 +32,9 @@ class CFunctionEncode : public CFunction {
  private:
   ArgumentSlot what_ = nullptr;
   ArgumentSlot for_ = nullptr;
+  // The value being encoded as UTF-16 when the node keeps it one byte a
+  // unit; kept between calls so that its room is reused.
+  WString scratch_;
 };
 
 }  // namespace NScrivolt

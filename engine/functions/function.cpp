@@ -105,7 +105,7 @@ CErrorText AppendText(const CFunction& function, const CParsePart* part, WString
       output.append(part->Value());
       break;
     case PartKind::ArgReference:
-      if (const CParam* found = FindReferenced(*part, context, errorText)) output += found->GetValue();
+      if (const CParam* found = FindReferenced(*part, context, errorText)) found->AppendValueTo(output);
       break;
     case PartKind::ArgContent:
       errorText = EvaluateParts(*part, context, output);

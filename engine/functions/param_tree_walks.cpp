@@ -12,8 +12,8 @@ const CParam& ChildAt(const CParam& node, std::size_t position) {
   return *node.GetByNumber(std::int32_t(position));
 }
 
-bool ValuesEqual(WStringView a, WStringView b, bool caseSensitive) {
-  return caseSensitive ? a == b : EqualsIgnoreCase(a, b);
+bool ValuesEqual(const CParamValue& a, WStringView b, bool caseSensitive) {
+  return caseSensitive ? a.Equals(b) : a.EqualsIgnoringCase(b);
 }
 
 // The first direct child of `node` holding the value, or null.
@@ -21,7 +21,7 @@ const CParam* MatchingChild(const CParam& node, const CSubParamSearch& search) {
   const std::size_t count = node.Count();
   for (std::size_t i = 0; i < count; ++i) {
     const CParam& child = ChildAt(node, i);
-    if (ValuesEqual(child.GetValue(), search.value, search.caseSensitive)) return &child;
+    if (ValuesEqual(child.Value(), search.value, search.caseSensitive)) return &child;
   }
   return nullptr;
 }

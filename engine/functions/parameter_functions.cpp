@@ -82,7 +82,7 @@ CErrorText CFunctionUse::Execute(CProcessContext& context, WString& output) {
       EvaluateQualifierInPlace(*this, param_, u"Param", context, WhenAbsent::IsError, storage, qualifier, &text);
   if (!errorText.empty()) return errorText;
   if (const CParam* found = FindExisting(context, *qualifier)) {
-    output += found->GetValue();
+    found->AppendValueTo(output);
   } else if (skipIfMissing_ == nullptr) {
     errorText = ParamNotSetError(*param_, text);
   }

@@ -15,24 +15,27 @@ void CParam::operator delete(void* node) { PoolFor<CParam>().Free(node); }
 
 CParam::CParam(const CParam& other)
     : value_(other.value_),
-      id_(other.automaticNumber_ == 0 ? other.id_ : CParamIdShare()),
-      automaticNumber_(other.automaticNumber_),
-      index_(other.IndexAsKept()),
+      keyTag_(other.keyTag_),
       numbered_(other.numbered_),
       valueKind_(other.valueKind_),
-      keyTag_(other.keyTag_),
+      automaticHigh_(other.automaticHigh_),
+      id_(other.HasAutomaticName() ? CParamIdShare() : other.id_),
+      automaticLow_(other.automaticLow_),
+      index_(other.IndexAsKept()),
       children_(other.children_) {
   if (children_ != nullptr) children_->AddRef();
 }
 
 // Only a node given a name keeps its id: a numbered one is named later.
-CParam::CParam(CParamId&& id) : index_(id.index), numbered_(id.numbered) {
+CParam::CParam(CParamId&& id)
+    : numbered_(id.numbered), valueKind_(std::uint8_t(ValueKind::Text)), index_(id.index) {
   if (id.numbered) return;
   keyTag_ = KeyTag(id.key);
   id_ = CParamIdShare::Make(std::move(id));
 }
 
-CParam::CParam(const CParamIdShare& id) : id_(id), index_(id->index), numbered_(false), keyTag_(KeyTag(id->key)) {}
+CParam::CParam(const CParamIdShare& id)
+    : keyTag_(KeyTag(id->key)), numbered_(0), valueKind_(std::uint8_t(ValueKind::Text)), id_(id), index_(id->index) {}
 
 CParam::~CParam() { CParamChildList::Release(children_, this); }
 
@@ -49,9 +52,9 @@ const CParamId& CParam::GetId() const {
   const std::int32_t index = IndexAsKept();
   if (!id_) id_ = CParamIdShare::Make();
   if (id_.UseCount() > 1) id_ = CParamIdShare::Make(*id_);
-  if (automaticNumber_ != 0 && id_->key.empty()) {
-    id_->name = AutomaticName(automaticNumber_);
-    id_->key = AutomaticKey(automaticNumber_);
+  if (HasAutomaticName() && id_->key.empty()) {
+    id_->name = AutomaticName(AutomaticNumber());
+    id_->key = AutomaticKey(AutomaticNumber());
   }
   id_->index = index;
   id_->numbered = numbered_;
@@ -59,7 +62,7 @@ const CParamId& CParam::GetId() const {
 }
 
 WStringView CParam::KeyIn(AutomaticKeyBuffer& buffer) const {
-  return automaticNumber_ != 0 ? AutomaticKeyIn(automaticNumber_, buffer) : GivenKey();
+  return HasAutomaticName() ? AutomaticKeyIn(AutomaticNumber(), buffer) : GivenKey();
 }
 
 std::size_t CParam::Count() const { return children_ != nullptr ? children_->Count() : 0; }
@@ -107,8 +110,13 @@ CParamChildList* CParam::TakeChildren() {
 void CParam::NameAutomatically(CParamChildList& siblings) {
   id_.Reset();
   do {
-    automaticNumber_ = NextAutomaticNumber();
-  } while (siblings.HasNamedChildWithAutomaticKey(automaticNumber_));
+    SetAutomaticNumber(NextAutomaticNumber());
+  } while (siblings.HasNamedChildWithAutomaticKey(AutomaticNumber()));
+}
+
+void CParam::SetAutomaticNumber(std::uint64_t number) {
+  automaticLow_ = std::uint32_t(number);
+  automaticHigh_ = std::uint8_t(number >> 32);
 }
 
 CParam* CParam::AppendNumbered() {
@@ -206,7 +214,7 @@ CParam* CParam::GetChildByName(WStringView name, bool create) {
 
 WString CParam::GetChildValue(WStringView name) const {
   const CParam* child = GetChildByName(name);
-  return child != nullptr ? child->value_ : WString();
+  return child != nullptr ? child->GetValue() : WString();
 }
 
 const CParam* CParam::Walk(const CParamId* first, const CParamId* last) const {
@@ -253,7 +261,7 @@ void CParam::RemoveChild(const CParamId& id) {
 
 void CParam::Clear() {
   ReplaceChildren(nullptr);
-  SetValue(WString());
+  SetValue(WStringView());
 }
 
 void CParam::ClearChildren() { ReplaceChildren(nullptr); }
@@ -264,7 +272,8 @@ void CParam::CopyFrom(const CParam& source) {
   if (&source == this) return;
   CParam snapshot(source);
   if (IsDescendantOf(source)) snapshot.SeparatePathTo(*this, source);
-  SetValue(std::move(snapshot.value_), snapshot.valueKind_);
+  value_ = std::move(snapshot.value_);
+  valueKind_ = snapshot.valueKind_;
   ReplaceChildren(snapshot.TakeChildren());
 }
 

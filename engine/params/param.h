@@ -40,6 +40,13 @@
 //   that form with the number. A numbered child costs no text beyond its
 //   value.
 //
+// - A value is a CParamValue: one byte a unit when every unit is below
+//   0x100, short ones inside the node. Readers that only append, compare or
+//   encode it read it through Value() in that form; GetValue() widens it.
+//
+// - A node is 48 bytes: pools hand out millions of them, and every byte of
+//   the node costs a decoded million-row file a megabyte.
+//
 // - Nothing recurses over the depth of a tree: the last share of a list
 //   destroys its subtree with an explicit stack, and copying is O(1).
 //
@@ -59,6 +66,7 @@
 #include "engine/params/param_automatic_name.h"
 #include "engine/params/param_id.h"
 #include "engine/params/param_order.h"
+#include "engine/params/param_value.h"
 #include "text/base/wide_string.h"
 
 namespace NScrivolt {
@@ -78,7 +86,7 @@ enum class ValueKind : std::uint8_t {
 
 class CParam final {
  public:
-  CParam() = default;
+  CParam() : numbered_(1), valueKind_(std::uint8_t(ValueKind::Text)) {}
   // A free-standing node with the other's value and id and a share of its
   // children.
   CParam(const CParam& other);
@@ -90,26 +98,27 @@ class CParam final {
   static void* operator new(std::size_t size);
   static void operator delete(void* node);
 
-  const WString& GetValue() const { return value_; }
-  void SetValue(WString value) {
-    value_ = std::move(value);
-    valueKind_ = ValueKind::Text;
-  }
+  // The value widened to a text of its own; readers on a hot path append,
+  // compare or view it through Value() instead.
+  WString GetValue() const { return value_.ToString(); }
+  const CParamValue& Value() const { return value_; }
+  void AppendValueTo(WString& out) const { value_.AppendTo(out); }
+  void SetValue(WStringView value) { SetValue(value, ValueKind::Text); }
   // Sets the value and says what it stands for.
-  void SetValue(WString value, ValueKind kind) {
-    value_ = std::move(value);
-    valueKind_ = kind;
+  void SetValue(WStringView value, ValueKind kind) {
+    value_.Assign(value);
+    valueKind_ = std::uint8_t(kind);
   }
-  ValueKind GetValueKind() const { return valueKind_; }
+  ValueKind GetValueKind() const { return ValueKind(valueKind_); }
   // The number in plain decimal, "-" before negatives.
   void SetValueNumber(std::int32_t value);
   const CParamId& GetId() const;
   // The display name and the key alone; unlike GetId, they leave an id
   // shared with other nodes shared. Valid while the node keeps its name.
-  WStringView GetName() const { return automaticNumber_ != 0 || !id_ ? WStringView(GetId().name) : id_->name; }
-  WStringView GetKey() const { return automaticNumber_ != 0 || !id_ ? WStringView(GetId().key) : id_->key; }
+  WStringView GetName() const { return HasAutomaticName() || !id_ ? WStringView(GetId().name) : id_->name; }
+  WStringView GetKey() const { return HasAutomaticName() || !id_ ? WStringView(GetId().key) : id_->key; }
   // True for a child made by number, and for one whose name was taken.
-  bool HasAutomaticName() const { return automaticNumber_ != 0; }
+  bool HasAutomaticName() const { return automaticLow_ != 0 || automaticHigh_ != 0; }
   std::size_t Count() const;
   // asNumber: "#" and the 1-based number; otherwise the display name.
   static WString IdText(const CParamId& id, bool asNumber);
@@ -192,8 +201,11 @@ class CParam final {
   WStringView GivenKey() const { return id_ ? WStringView(id_->key) : WStringView(); }
   // In line: lookups in short lists call it for every child.
   bool HasKey(const CKeyLookup& lookup) const {
-    return automaticNumber_ != 0 ? automaticNumber_ == lookup.automaticNumber : GivenKey() == lookup.key;
+    return HasAutomaticName() ? AutomaticNumber() == lookup.automaticNumber : GivenKey() == lookup.key;
   }
+  // The number of an automatic name; 0 for a name given.
+  std::uint64_t AutomaticNumber() const { return std::uint64_t(automaticHigh_) << 32 | automaticLow_; }
+  void SetAutomaticNumber(std::uint64_t number);
   // The key, written into `buffer` when it is an automatic one.
   WStringView KeyIn(AutomaticKeyBuffer& buffer) const;
   // The position a 0-based index names: negative ones count from the end.
@@ -205,20 +217,27 @@ class CParam final {
   bool IsDescendantOf(const CParam& node) const;
   void SeparatePathTo(const CParam& descendant, const CParam& source);
 
-  WString value_;
+  // The first 16 bytes: the value and the small fields.
+  CParamValue value_;
+  std::uint16_t keyTag_ = 0;           // KeyTag of the given key, for the list's tags
+  std::uint8_t numbered_ : 1;          // made by number
+  std::uint8_t valueKind_ : 3;         // a ValueKind
+  std::uint8_t automaticHigh_ = 0;     // bits 32..39 of the automatic number
   // Name and key of a node given a name, shared with the node's copies and
   // the nodes a decoder made of the same name. Empty for an automatic name
   // until GetId writes it out, which also brings the copies of index_ and
   // numbered_ in it up to date (in an id of the node's own).
   mutable CParamIdShare id_;
-  std::uint64_t automaticNumber_ = 0;  // of an automatic name; 0 for a name given
-  std::int32_t index_ = 0;             // position among the siblings (see CParamChildList)
-  bool numbered_ = true;               // made by number
-  ValueKind valueKind_ = ValueKind::Text;
-  std::uint16_t keyTag_ = 0;           // KeyTag of the given key, for the list's tags; in the padding
+  // Bits 0..31 of the number of an automatic name (see AutomaticNumber;
+  // the process's counter stays below 2^40); 0 with automaticHigh_ for a
+  // name given.
+  std::uint32_t automaticLow_ = 0;
+  std::int32_t index_ = 0;  // position among the siblings (see CParamChildList)
   CParamChildList* children_ = nullptr;   // shared; null without children
   CParamChildList* container_ = nullptr;  // the list holding this node; null for a root
 };
+
+static_assert(sizeof(CParam) == 48, "a node is 48 bytes: see the design notes");
 
 // Owns the root of one parameter tree. A copy takes a share of the whole
 // tree in O(1); changes to either side stay on that side.

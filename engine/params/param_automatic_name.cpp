@@ -1,6 +1,7 @@
 #include "engine/params/param_automatic_name.h"
 
 #include <limits>
+#include <stdexcept>
 
 namespace NScrivolt {
 
@@ -12,7 +13,12 @@ std::uint64_t g_automaticNumberCounter = 0;
 
 }  // namespace
 
-std::uint64_t NextAutomaticNumber() { return ++g_automaticNumberCounter; }
+std::uint64_t NextAutomaticNumber() {
+  if (g_automaticNumberCounter + 1 == kAutomaticNumberEnd) {
+    throw std::length_error("Too many parameters were numbered in this run");
+  }
+  return ++g_automaticNumberCounter;
+}
 
 std::uint64_t LastAutomaticNumber() { return g_automaticNumberCounter; }
 

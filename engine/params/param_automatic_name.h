@@ -12,7 +12,12 @@
 
 namespace NScrivolt {
 
-// The next number of the process-wide counter; the first one is 1.
+// A node keeps an automatic number in 40 bits: more than a day of a run
+// that names ten million parameters a second.
+constexpr std::uint64_t kAutomaticNumberEnd = std::uint64_t(1) << 40;
+
+// The next number of the process-wide counter; the first one is 1. Throws
+// std::length_error once every number below kAutomaticNumberEnd is taken.
 std::uint64_t NextAutomaticNumber();
 // The last number handed out; 0 before the first.
 std::uint64_t LastAutomaticNumber();

@@ -38,7 +38,7 @@ CParam* CParamChildList::FindKey(WStringView key) {
 }
 
 std::uint16_t CParamChildList::TagOf(const CParam& node) {
-  return node.automaticNumber_ != 0 ? kAutomaticTag : node.keyTag_;
+  return node.HasAutomaticName() ? kAutomaticTag : node.keyTag_;
 }
 
 // Names of that form are rare, so the lookup is seldom needed.
@@ -47,7 +47,7 @@ bool CParamChildList::HasNamedChildWithAutomaticKey(std::uint64_t number) {
 }
 
 bool CParamChildList::IsNamedWithAutomaticKey(const CParam& node) {
-  return node.automaticNumber_ == 0 && AutomaticNumberIn(node.GivenKey()) != 0;
+  return !node.HasAutomaticName() && AutomaticNumberIn(node.GivenKey()) != 0;
 }
 
 CParam* CParamChildList::At(std::size_t position) {

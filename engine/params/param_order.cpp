@@ -27,14 +27,22 @@ struct SortKey {
 constexpr std::size_t kUnitsPerKey = 8;
 constexpr std::uint32_t kGoesOn = kUnitsPerKey + 1;
 
-SortKey MakeKey(WStringView text, std::size_t depth, std::uint32_t index) {
+// A key is a WStringView, a value a CParamValue read in its compact form.
+std::size_t UnitCount(WStringView text) { return text.size(); }
+std::size_t UnitCount(const CParamValue& text) { return text.Size(); }
+WChar UnitAt(WStringView text, std::size_t position) { return text[position]; }
+WChar UnitAt(const CParamValue& text, std::size_t position) { return text.At(position); }
+
+template <typename Text>
+SortKey MakeKey(const Text& text, std::size_t depth, std::uint32_t index) {
   SortKey key{0, 0, 0, index};
+  const std::size_t size = UnitCount(text);
   for (std::size_t k = 0; k < kUnitsPerKey; ++k) {
-    const std::uint64_t unit = depth + k < text.size() ? LowerAscii(text[depth + k]) : 0;
+    const std::uint64_t unit = depth + k < size ? LowerAscii(UnitAt(text, depth + k)) : 0;
     std::uint64_t& half = k < kUnitsPerKey / 2 ? key.first : key.second;
     half = (half << 16) | unit;
   }
-  key.length = std::uint32_t(std::min<std::size_t>(text.size() - depth, kGoesOn));
+  key.length = std::uint32_t(std::min<std::size_t>(size - depth, kGoesOn));
   return key;
 }
 
@@ -62,7 +70,8 @@ struct KeyRange {
 };
 
 // Ranges wait on a stack of their own, so no input can deepen the call stack.
-void SortBy(std::vector<CParam*>& nodes, WStringView (*textOf)(const CParam&)) {
+template <typename TextOf>
+void SortBy(std::vector<CParam*>& nodes, TextOf textOf) {
   std::vector<SortKey> keys;
   keys.reserve(nodes.size());
   for (CParam* node : nodes) keys.push_back(MakeKey(textOf(*node), 0, std::uint32_t(keys.size())));
@@ -92,7 +101,7 @@ void SortBy(std::vector<CParam*>& nodes, WStringView (*textOf)(const CParam&)) {
 
 // Keys are lower case already, so folding leaves their order by code unit.
 WStringView KeyOf(const CParam& node) { return node.GetKey(); }
-WStringView ValueOf(const CParam& node) { return node.GetValue(); }
+const CParamValue& ValueOf(const CParam& node) { return node.Value(); }
 
 }  // namespace
 
