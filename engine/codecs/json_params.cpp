@@ -133,12 +133,11 @@ class CJsonReader {
         return OpenBracket(node, true, u'}', ValueKind::EmptyObject);
       case u'[':
         return OpenBracket(node, false, u']', ValueKind::EmptyArray);
-      case u'"': {
-        WString text;
-        if (!ReadString(text)) return false;
-        node.SetValue(std::move(text));
+      case u'"':
+        stringValue_.clear();
+        if (!ReadString(stringValue_)) return false;
+        node.SetValue(stringValue_);
         return true;
-      }
       case u't':
         return ReadWord(u"true", u"true", ValueKind::Literal, node);
       case u'f':
@@ -158,7 +157,7 @@ class CJsonReader {
     SkipSpace();
     if (Peek(closer)) {
       ++at_;
-      node.SetValue(WString(), emptyKind);
+      node.SetValue(WStringView(), emptyKind);
       return true;
     }
     open_.push_back({&node, isObject, false});
@@ -224,7 +223,7 @@ class CJsonReader {
       if (!Peek(c)) return false;
       ++at_;
     }
-    node.SetValue(WString(value), kind);
+    node.SetValue(value, kind);
     return true;
   }
 
@@ -252,7 +251,7 @@ class CJsonReader {
       if (Peek(u'-') || Peek(u'+')) ++at_;
       if (!ReadDigits()) return false;
     }
-    node.SetValue(WString(text_.substr(start, at_ - start)), ValueKind::Literal);
+    node.SetValue(text_.substr(start, at_ - start), ValueKind::Literal);
     return true;
   }
 
@@ -260,6 +259,7 @@ class CJsonReader {
   std::size_t at_ = 0;
   std::vector<OpenCollection> open_;
   CSharedNames names_;
+  WString stringValue_;  // room for a string value, reused from one to the next
 };
 
 // Line and column, both 1-based, of the character at `offset`. CR LF, LF
@@ -310,7 +310,7 @@ void AppendQuoted(WString& out, WStringView text) {
 void AppendLeaf(WString& out, const CParam& node) {
   switch (node.GetValueKind()) {
     case ValueKind::Literal:
-      out += node.GetValue();
+      node.AppendValueTo(out);
       return;
     case ValueKind::Null:
       out += u"null";

@@ -9,7 +9,7 @@ namespace NScrivolt {
 
 namespace {
 
-void AppendField(CParam& record, WString&& value) { record.AppendNumbered()->SetValue(std::move(value)); }
+void AppendField(CParam& record, WStringView value) { record.AppendNumbered()->SetValue(value); }
 
 // The children's values, each converted, joined by `separator`.
 WString JoinFields(const CParam& record, WString (*convert)(WStringView), WStringView separator) {
@@ -56,12 +56,12 @@ void ForEachPiece(WStringView text, WChar separator, PieceSink&& piece) {
 }
 
 // Reads the record at `at` into `record`, a numbered child per field, in
-// order; returns the place where it ended.
-std::size_t DecodeCsvRecord(const CCsvFieldScanner& scanner, std::size_t at, CParam& record) {
-  WString value;
+// order; returns the place where it ended. `value` is room for one field,
+// reused from field to field.
+std::size_t DecodeCsvRecord(const CCsvFieldScanner& scanner, std::size_t at, CParam& record, WString& value) {
   for (;;) {
     at = scanner.ReadField(at, value);
-    AppendField(record, std::move(value));
+    AppendField(record, value);
     if (scanner.EndsRecord(at)) return at;
     ++at;
   }
@@ -73,9 +73,9 @@ void DecodeUrlParams(WStringView text, CParam& target) {
   ForEachPiece(text, u'&', [&target](WStringView piece) {
     CParam& param = *target.AppendNumbered();
     const std::size_t equals = piece.find(u'=');
-    param.GetChildByName(u"Name", true)->SetValue(WString(piece.substr(0, equals)));
+    param.GetChildByName(u"Name", true)->SetValue(piece.substr(0, equals));
     const WStringView value = equals == WStringView::npos ? WStringView() : piece.substr(equals + 1);
-    param.GetChildByName(u"Value", true)->SetValue(WString(value));
+    param.GetChildByName(u"Value", true)->SetValue(value);
   });
 }
 
@@ -92,7 +92,10 @@ WString EncodeUrlParams(const CParam& source) {
   return text;
 }
 
-void DecodeCsvLine(WStringView text, CParam& target) { DecodeCsvRecord(CCsvFieldScanner(text), 0, target); }
+void DecodeCsvLine(WStringView text, CParam& target) {
+  WString value;
+  DecodeCsvRecord(CCsvFieldScanner(text), 0, target, value);
+}
 
 // Records mostly have as many fields as the one before them: each gets room
 // for that many at once.
@@ -100,10 +103,11 @@ void DecodeCsvLines(WStringView text, CParam& target) {
   const CCsvFieldScanner scanner(text);
   std::size_t at = 0;
   std::size_t fields = 0;
+  WString value;
   while (at < text.size()) {
     CParam& record = *target.AppendNumbered();
     if (fields != 0) record.ReserveChildren(fields);
-    at = SkipLineBreak(text, DecodeCsvRecord(scanner, at, record));
+    at = SkipLineBreak(text, DecodeCsvRecord(scanner, at, record, value));
     fields = record.Count();
   }
 }
@@ -113,7 +117,7 @@ WString EncodeCsvLine(const CParam& source) { return JoinFields(source, CsvField
 WString EncodeCsvLines(const CParam& source) { return JoinRecords(source, EncodeCsvLine); }
 
 void DecodeTsvLine(WStringView text, CParam& target) {
-  ForEachPiece(text, u'\t', [&target](WStringView field) { AppendField(target, WString(field)); });
+  ForEachPiece(text, u'\t', [&target](WStringView field) { AppendField(target, field); });
 }
 
 void DecodeTsvLines(WStringView text, CParam& target) {

@@ -191,7 +191,7 @@ CErrorText CFunctionForEach::Execute(CProcessContext& context, WString& output) 
   std::int64_t round = 1;
   for (const CParam* child : collection.ListChildren(order, descending)) {
     if (value_ != nullptr) context.Root().FindParam(value, true)->CopyFrom(*child);
-    if (indexName_ != nullptr) context.Root().FindParam(indexName, true)->SetValue(WString(child->GetName()));
+    if (indexName_ != nullptr) context.Root().FindParam(indexName, true)->SetValue(child->GetName());
     if (indexNumber_ != nullptr) SetNumberParam(context, indexNumber, std::int64_t(child->GetId().index) + 1);
     if (loopNumber_ != nullptr) SetNumberParam(context, loopNumber, round++);
     errorText = AppendEvaluation(*this, do_, u"Do", context, output);

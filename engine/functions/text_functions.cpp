@@ -138,7 +138,7 @@ CErrorText CFunctionSplit::Execute(CProcessContext& context, WString&) {
   CParam& param = *context.Root().FindParam(target, true);
   param.ClearChildren();
   SplitText(what, on, caseSensitive_ != nullptr,
-            [&param](WStringView piece) { param.AppendNumbered()->SetValue(WString(piece)); });
+            [&param](WStringView piece) { param.AppendNumbered()->SetValue(piece); });
   return errorText;
 }
 
@@ -166,7 +166,7 @@ CErrorText CFunctionJoin::Execute(CProcessContext& context, WString& output) {
   WString joined;
   for (const CParam* child : param->ListChildren(order, descending)) {
     if (!joined.empty()) joined += with;
-    joined += child->GetValue();
+    child->AppendValueTo(joined);
   }
   output += joined;
   return errorText;
