@@ -62,5 +62,21 @@ TEST(ParamAutomaticNames, LongListsFindAutomaticAndGivenNamesAlike) {
   EXPECT_TRUE(NumberedInOrder(node));
 }
 
+// A node keeps part of the bits of its number: a key naming a number that
+// agrees with it in those bits only must not find it, in a short list
+// (scanned) or a long one (indexed).
+TEST(ParamAutomaticNames, AKeyBeyondTheBitsANodeKeepsFindsNothing) {
+  for (const std::size_t length : {std::size_t(3), std::size_t(40)}) {
+    CParam node;
+    for (std::size_t i = 0; i < length; ++i) node.AppendNumbered();
+    const std::uint64_t number = AutomaticNumberIn(ToLowerAscii(node.GetByNumber(1, false)->GetId().name));
+    ASSERT_NE(number, 0u);
+    for (const std::uint64_t above : {std::uint64_t(1) << 32, std::uint64_t(1) << 40, std::uint64_t(1) << 63}) {
+      EXPECT_EQ(std::as_const(node).GetChildByName(AutomaticKey(number + above)), nullptr) << length << " " << above;
+    }
+    EXPECT_NE(std::as_const(node).GetChildByName(AutomaticKey(number)), nullptr) << length;
+  }
+}
+
 }  // namespace
 }  // namespace NScrivolt

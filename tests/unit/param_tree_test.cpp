@@ -191,6 +191,52 @@ TEST(ParamSort, LongValuesCompareUnitByUnitToTheirEnd) {
   EXPECT_EQ(order(true), "715623984");
 }
 
+// Values kept one byte a unit and two bytes a unit, inside the node and in
+// blocks, sort together by their units, only A-Z folded.
+TEST(ParamSort, ValuesOfEveryFormSortByTheirUnits) {
+  const WString values[] = {
+      u"\u00E9", u"\u0100", u"E", u"e", u"abcdefghijkl\u00FF", u"abcdefghijkl\u0100", u"ABCDEFGHIJK",
+      u"abcdefghijk\u00FF",
+  };
+  CParam node;
+  for (const WString& value : values) node.AppendNumbered()->SetValue(value);
+  const auto order = [&](bool descending) {
+    std::string numbers;
+    for (const CParam* child : std::as_const(node).ListChildren(ParamOrder::ByValue, descending)) {
+      const auto at = std::find(std::begin(values), std::end(values), child->GetValue());
+      numbers += std::to_string(at - std::begin(values) + 1);
+    }
+    return numbers;
+  };
+  EXPECT_EQ(order(false), "75683412");
+  EXPECT_EQ(order(true), "21438657");
+}
+
+// A copy holds a value of its own, whatever its form, with its kind.
+TEST(ParamCopy, CopiesValuesOfEveryFormWithTheirKind) {
+  const std::pair<WString, ValueKind> cases[] = {
+      {u"", ValueKind::Null},
+      {u"12345678901", ValueKind::Literal},
+      {u"123456789012", ValueKind::Literal},
+      {u"caf\u00E9", ValueKind::Text},
+      {u"\u0100", ValueKind::Text},
+      {WString(300, u'\u3042'), ValueKind::Text},
+  };
+  for (const auto& [value, kind] : cases) {
+    CParam source;
+    source.SetValue(value, kind);
+    CParam copy(source);
+    CParam target;
+    target.SetValue(u"something long enough for a block");
+    target.CopyFrom(source);
+    source.SetValue(u"changed");
+    for (const CParam* node : {&copy, &target}) {
+      EXPECT_EQ(node->GetValue(), value) << WideToUtf8(value);
+      EXPECT_EQ(node->GetValueKind(), kind) << WideToUtf8(value);
+    }
+  }
+}
+
 TEST(ParamCopy, KeepsAutomaticNamesAndNumberedFlags) {
   CParam source;
   source.SetValue(u"top");
