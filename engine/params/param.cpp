@@ -8,17 +8,21 @@
 
 namespace NScrivolt {
 
-// The class is final, so every request is for one of its own size.
-void* CParam::operator new(std::size_t) { return PoolFor<CParam>().Allocate(); }
+// The class is final, so every request is for one of its own size. Pool
+// slots are 8-byte aligned, so the value's block address is too.
+void* CParam::operator new(std::size_t) {
+  static_assert(offsetof(CParam, value_) % 8 == 4, "see CParamValue");
+  return PoolFor<CParam>().Allocate();
+}
 
 void CParam::operator delete(void* node) { PoolFor<CParam>().Free(node); }
 
 CParam::CParam(const CParam& other)
-    : value_(other.value_),
-      keyTag_(other.keyTag_),
+    : keyTag_(other.keyTag_),
       numbered_(other.numbered_),
       valueKind_(other.valueKind_),
       automaticHigh_(other.automaticHigh_),
+      value_(other.value_),
       id_(other.HasAutomaticName() ? CParamIdShare() : other.id_),
       automaticLow_(other.automaticLow_),
       index_(other.IndexAsKept()),

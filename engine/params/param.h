@@ -217,12 +217,13 @@ class CParam final {
   bool IsDescendantOf(const CParam& node) const;
   void SeparatePathTo(const CParam& descendant, const CParam& source);
 
-  // The first 16 bytes: the value and the small fields.
+  // The first 16 bytes: the small fields, then the value, whose block
+  // address so lies on an 8-byte boundary.
+  std::uint16_t keyTag_ = 0;        // KeyTag of the given key, for the list's tags
+  std::uint8_t numbered_ : 1;       // made by number
+  std::uint8_t valueKind_ : 3;      // a ValueKind
+  std::uint8_t automaticHigh_ = 0;  // bits 32..39 of the automatic number
   CParamValue value_;
-  std::uint16_t keyTag_ = 0;           // KeyTag of the given key, for the list's tags
-  std::uint8_t numbered_ : 1;          // made by number
-  std::uint8_t valueKind_ : 3;         // a ValueKind
-  std::uint8_t automaticHigh_ = 0;     // bits 32..39 of the automatic number
   // Name and key of a node given a name, shared with the node's copies and
   // the nodes a decoder made of the same name. Empty for an automatic name
   // until GetId writes it out, which also brings the copies of index_ and
