@@ -17,6 +17,8 @@ struct CCodecFormat {
   CErrorText (*encodeTree)(const CParam& source, WString& output);
   CErrorText (*decodeTree)(WStringView text, CParam& target);
   // Where a text format has it: encodeText appending to `output` in place.
+  // It encodes each unit on its own, so a text handed over in pieces cut
+  // anywhere but inside a surrogate pair comes out as the whole text would.
   void (*appendEncodedText)(WStringView text, WString& output) = nullptr;
 
   bool IsStructured() const { return encodeTree != nullptr; }

@@ -9,6 +9,21 @@
 
 namespace NScrivolt {
 
+namespace {
+
+// A value kept one byte a unit has no surrogates, so the pieces can be cut
+// anywhere; a wide one comes as one piece.
+void AppendEncodedInPieces(const CCodecFormat& format, const CParamValue& value, WString& scratch,
+                           WString& output) {
+  for (std::size_t from = 0; from < value.Size();) {
+    const WStringView piece = value.PieceIn(from, scratch);
+    format.appendEncodedText(piece, output);
+    from += piece.size();
+  }
+}
+
+}  // namespace
+
 // --- decode --------------------------------------------------------------------
 
 const CArgumentTable& CFunctionDecode::Arguments() const {
@@ -68,7 +83,7 @@ CErrorText CFunctionEncode::Execute(CProcessContext& context, WString& output) {
   const CCodecFormat* format = FindCodecFormat(keyword);
   if (format == nullptr) return UnknownOptionError(*for_, keyword);
   if (format->appendEncodedText != nullptr) {
-    format->appendEncodedText(what->Value().ViewIn(scratch_), output);
+    AppendEncodedInPieces(*format, what->Value(), scratch_, output);
   } else if (!format->IsStructured()) {
     output += format->encodeText(what->Value().ViewIn(scratch_));
   } else {

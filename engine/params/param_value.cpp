@@ -1,5 +1,6 @@
 #include "engine/params/param_value.h"
 
+#include <algorithm>
 #include <cstring>
 #include <new>
 
@@ -125,6 +126,15 @@ WStringView CParamValue::ViewIn(WString& scratch) const {
   if (bytes_[0] == kHeapWide) return WStringView(WideUnits(), GetBlock()->length);
   scratch.clear();
   AppendTo(scratch);
+  return scratch;
+}
+
+WStringView CParamValue::PieceIn(std::size_t from, WString& scratch) const {
+  if (bytes_[0] == kHeapWide) return WStringView(WideUnits(), GetBlock()->length).substr(from);
+  const std::size_t count = std::min(Size() - from, kPieceUnits);
+  const unsigned char* units = NarrowUnits() + from;
+  scratch.resize(count);
+  for (std::size_t i = 0; i < count; ++i) scratch[i] = WChar(units[i]);
   return scratch;
 }
 

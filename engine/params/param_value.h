@@ -24,6 +24,7 @@ namespace NScrivolt {
 class alignas(4) CParamValue {
  public:
   static constexpr std::size_t kInlineUnits = 11;
+  static constexpr std::size_t kPieceUnits = 4096;
 
   CParamValue() = default;
   explicit CParamValue(WStringView text) { Store(text); }
@@ -47,6 +48,11 @@ class alignas(4) CParamValue {
   // units widened into `scratch` (whose earlier content is dropped). Valid
   // until this value or `scratch` changes.
   WStringView ViewIn(WString& scratch) const;
+  // The units from `from` on as UTF-16: all of them as a view of its own
+  // when the value is wide, else up to kPieceUnits of them widened into
+  // `scratch`. Empty when `from` is Size(). For a reader that can take a
+  // long value in pieces, so that it is never widened whole.
+  WStringView PieceIn(std::size_t from, WString& scratch) const;
   bool Equals(WStringView text) const;
   // A-Z folded to lower case on both sides.
   bool EqualsIgnoringCase(WStringView text) const;

@@ -39,5 +39,28 @@ TEST(CodecFunctions, DecodeEmptiesItsTargetFirst) {
   EXPECT_EQ(Layout(*Find(context, u"New")), "{Path=\"\"}");
 }
 
+// A long value kept one byte a unit is encoded in pieces: the entities at
+// and around a cut, and a value with a unit beyond one byte, come out whole.
+TEST(CodecFunctions, EncodeHtmlOfLongValuesIsTheEncodingOfTheWholeText) {
+  const auto withMarksAt = [](WString text, std::initializer_list<std::size_t> positions, WChar mark) {
+    for (std::size_t at : positions) text[at] = mark;
+    return text;
+  };
+  const WString values[] = {
+      withMarksAt(WString(9000, u'x'), {0, 4095, 4096, 8191, 8192, 8999}, u'&'),
+      withMarksAt(WString(5000, u'\u00E9'), {4095}, u'<'),
+      withMarksAt(WString(5000, u'y'), {4095, 4097}, u'\u0100'),
+  };
+  for (const WString& value : values) {
+    CProcessContext context;
+    context.Root().GetChildByName(u"V", true)->SetValue(value);
+    WString expected;
+    for (WChar unit : value) expected += unit == u'&' ? WString(u"&amp;") : unit == u'<' ? WString(u"&lt;") : WString(1, unit);
+    const TemplateRun run = RunTemplate(context, u"<# encode what: V for: \"html\" #>");
+    EXPECT_EQ(run.errors, u"");
+    EXPECT_EQ(run.output, expected) << value.size();
+  }
+}
+
 }  // namespace
 }  // namespace NScrivolt

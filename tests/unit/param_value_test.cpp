@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -38,6 +39,26 @@ TEST(ParamValue, KeepsEveryUnitOfEveryForm) {
     for (std::size_t i = 0; i < text.size(); ++i) ASSERT_EQ(value.At(i), text[i]) << i;
     WString scratch = u"earlier";
     EXPECT_EQ(value.ViewIn(scratch), text) << WideToUtf8(text);
+  }
+}
+
+TEST(ParamValue, HandsOutPiecesThatMakeTheWholeText) {
+  for (const WString& text : FormBoundaries()) {
+    const CParamValue value(text);
+    WString scratch = u"earlier";
+    WString joined;
+    std::size_t pieces = 0;
+    for (std::size_t from = 0; from < value.Size(); ++pieces) {
+      const WStringView piece = value.PieceIn(from, scratch);
+      ASSERT_FALSE(piece.empty());
+      joined += piece;
+      from += piece.size();
+    }
+    EXPECT_EQ(joined, text);
+    const bool wide = !text.empty() && *std::max_element(text.begin(), text.end()) >= 0x100;
+    const std::size_t expected = wide ? 1 : (text.size() + CParamValue::kPieceUnits - 1) / CParamValue::kPieceUnits;
+    EXPECT_EQ(pieces, expected) << WideToUtf8(text);
+    EXPECT_TRUE(value.PieceIn(value.Size(), scratch).empty());
   }
 }
 
