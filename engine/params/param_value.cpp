@@ -54,8 +54,16 @@ CParamValue& CParamValue::operator=(CParamValue&& other) noexcept {
   return *this;
 }
 
-// The new units are stored before the old block is freed: `text` may lie in it.
-void CParamValue::Assign(WStringView text) { *this = CParamValue(text); }
+// A value without a block is overwritten in place (no text can lie in its
+// bytes); one with a block gets the new units before the block is freed, as
+// `text` may lie in it.
+void CParamValue::Assign(WStringView text) {
+  if (OnHeap()) {
+    *this = CParamValue(text);
+  } else {
+    Store(text);
+  }
+}
 
 CParamValue::Block* CParamValue::GetBlock() const {
   Block* block;
