@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <iterator>
 #include <new>
 
 namespace NScrivolt {
@@ -121,13 +122,25 @@ WString CParamValue::ToString() const {
   return text;
 }
 
-// Widened by hand: appending a range of bytes would build a temporary text.
+// Narrow units are widened through a small local block: appending a range
+// of bytes would build a temporary text, and growing `out` first would fill
+// its new room with zeros in a pass of its own. The room is made at once, so
+// a long value does not grow `out` step by step, and at least doubled, so
+// that many short values appended one after another do not either.
 void CParamValue::AppendTo(WString& out) const {
-  VisitUnits([&out](const auto* units, std::size_t count) {
-    const std::size_t at = out.size();
-    out.resize(at + count);
-    for (std::size_t i = 0; i < count; ++i) out[at + i] = WChar(units[i]);
-  });
+  if (bytes_[0] == kHeapWide) {
+    out.append(WideUnits(), GetBlock()->length);
+    return;
+  }
+  const unsigned char* units = NarrowUnits();
+  const std::size_t count = Size();
+  if (out.capacity() - out.size() < count) out.reserve(std::max(out.size() + count, 2 * out.capacity()));
+  WChar block[256];
+  for (std::size_t from = 0; from < count; from += std::size(block)) {
+    const std::size_t length = std::min(count - from, std::size(block));
+    for (std::size_t i = 0; i < length; ++i) block[i] = WChar(units[from + i]);
+    out.append(block, length);
+  }
 }
 
 WStringView CParamValue::ViewIn(WString& scratch) const {
