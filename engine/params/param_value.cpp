@@ -80,13 +80,22 @@ const unsigned char* CParamValue::NarrowUnits() const {
 
 const WChar* CParamValue::WideUnits() const { return reinterpret_cast<const WChar*>(GetBlock() + 1); }
 
-void CParamValue::Store(WStringView text) {
-  const bool narrow = AllNarrow(text);
-  if (narrow && text.size() <= kInlineUnits) {
-    bytes_[0] = static_cast<unsigned char>(text.size());
-    Narrow(text, bytes_ + 1);
-    return;
+// A short text is narrowed and checked in one pass.
+bool CParamValue::StoreInline(WStringView text) {
+  if (text.size() > kInlineUnits) return false;
+  unsigned bits = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    bits |= text[i];
+    bytes_[1 + i] = static_cast<unsigned char>(text[i]);
   }
+  if (bits >= 0x100) return false;
+  bytes_[0] = static_cast<unsigned char>(text.size());
+  return true;
+}
+
+void CParamValue::Store(WStringView text) {
+  if (StoreInline(text)) return;
+  const bool narrow = AllNarrow(text);
   const std::size_t unitBytes = narrow ? 1 : sizeof(WChar);
   auto* block = static_cast<Block*>(::operator new(sizeof(Block) + text.size() * unitBytes));
   block->length = text.size();
@@ -128,6 +137,12 @@ WString CParamValue::ToString() const {
 // a long value does not grow `out` step by step, and at least doubled, so
 // that many short values appended one after another do not either.
 void CParamValue::AppendTo(WString& out) const {
+  if (!OnHeap()) {
+    WChar units[kInlineUnits];
+    for (std::size_t i = 0; i < bytes_[0]; ++i) units[i] = InlineUnits()[i];
+    out.append(units, bytes_[0]);
+    return;
+  }
   if (bytes_[0] == kHeapWide) {
     out.append(WideUnits(), GetBlock()->length);
     return;

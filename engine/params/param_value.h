@@ -70,6 +70,7 @@ class alignas(4) CParamValue {
   void SetBlock(Block* block);
   const unsigned char* NarrowUnits() const;
   const WChar* WideUnits() const;
+  bool StoreInline(WStringView text);
   void Store(WStringView text);
   void FreeBlock();
   template <typename Visit>
