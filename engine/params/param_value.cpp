@@ -18,8 +18,29 @@ bool AllNarrow(WStringView text) {
   return bits < 0x100;
 }
 
+// The copies between one-byte and two-byte units go through a local block
+// of 16: a one-byte pointer may alias anything, so the compiler could not
+// otherwise load and store more than one unit at a time.
+constexpr std::size_t kBlockUnits = 16;
+
 void Narrow(WStringView text, unsigned char* out) {
-  for (std::size_t i = 0; i < text.size(); ++i) out[i] = static_cast<unsigned char>(text[i]);
+  std::size_t i = 0;
+  for (; i + kBlockUnits <= text.size(); i += kBlockUnits) {
+    unsigned char block[kBlockUnits];
+    for (std::size_t k = 0; k < kBlockUnits; ++k) block[k] = static_cast<unsigned char>(text[i + k]);
+    std::memcpy(out + i, block, sizeof block);
+  }
+  for (; i < text.size(); ++i) out[i] = static_cast<unsigned char>(text[i]);
+}
+
+void Widen(const unsigned char* units, std::size_t count, WChar* out) {
+  std::size_t i = 0;
+  for (; i + kBlockUnits <= count; i += kBlockUnits) {
+    WChar block[kBlockUnits];
+    for (std::size_t k = 0; k < kBlockUnits; ++k) block[k] = units[i + k];
+    std::memcpy(out + i, block, sizeof block);
+  }
+  for (; i < count; ++i) out[i] = units[i];
 }
 
 }  // namespace
@@ -153,7 +174,7 @@ void CParamValue::AppendTo(WString& out) const {
   WChar block[256];
   for (std::size_t from = 0; from < count; from += std::size(block)) {
     const std::size_t length = std::min(count - from, std::size(block));
-    for (std::size_t i = 0; i < length; ++i) block[i] = WChar(units[from + i]);
+    Widen(units + from, length, block);
     out.append(block, length);
   }
 }
@@ -168,9 +189,8 @@ WStringView CParamValue::ViewIn(WString& scratch) const {
 WStringView CParamValue::PieceIn(std::size_t from, WString& scratch) const {
   if (bytes_[0] == kHeapWide) return WStringView(WideUnits(), GetBlock()->length).substr(from);
   const std::size_t count = std::min(Size() - from, kPieceUnits);
-  const unsigned char* units = NarrowUnits() + from;
   scratch.resize(count);
-  for (std::size_t i = 0; i < count; ++i) scratch[i] = WChar(units[i]);
+  Widen(NarrowUnits() + from, count, &scratch[0]);
   return scratch;
 }
 
