@@ -17,13 +17,20 @@
 // list keeps a 16-bit tag beside each of its first kLinearScanLimit slots (the
 // key's digest, or one tag for every automatic name), so a scan reaches
 // only the nodes whose tag fits, not every sibling.
+//
+// Most lists are short (an element of a decoded XML document has two to four
+// children, each attribute two), so the first kInlineSlots slots live inside
+// the list object: a short list is one block from the pool, and a lookup in
+// it reaches the matching node straight from the list. A list that outgrows
+// them moves its slots to an array of their own on the heap, for good; only
+// such a list can grow long enough for the hash index, whose pointer shares
+// the room of the inline slots.
 #pragma once
 
-#include <cstddef>
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <limits>
-#include <memory>
 #include <vector>
 
 #include "engine/params/param_key_index.h"
@@ -37,11 +44,12 @@ class CParam;
 class CParamChildList final {
  public:
   static constexpr std::size_t kLinearScanLimit = 8;
+  static constexpr std::size_t kInlineSlots = 4;
 
   CParamChildList() = default;
   CParamChildList(const CParamChildList&) = delete;
   CParamChildList& operator=(const CParamChildList&) = delete;
-  ~CParamChildList() = default;  // the nodes are deleted by Release
+  ~CParamChildList();  // frees the slot array and the index; the nodes are deleted by Release
 
   // Lists come from a pool of their own (see CFixedSizePool).
   static void* operator new(std::size_t size);
@@ -55,7 +63,9 @@ class CParamChildList final {
   // The child at a 0-based position below Count().
   CParam* At(std::size_t position);
   // Makes room for `count` slots in all.
-  void Reserve(std::size_t count) { slots_.reserve(count); }
+  void Reserve(std::size_t count) {
+    if (count > capacity_) MoveSlots(count);
+  }
   // Appends a new node at the end; the list takes ownership.
   void Append(CParam* node);
   // Inserts a new node at a position no greater than Count().
@@ -88,7 +98,6 @@ class CParamChildList final {
 
  private:
   static constexpr std::uint32_t kClean = std::numeric_limits<std::uint32_t>::max();
-  static constexpr std::size_t kFirstCapacity = 4;
   // The tag of every automatic name: a lookup of a key of that form checks
   // these slots as well as those whose digest fits.
   static constexpr std::uint16_t kAutomaticTag = 0xFFFF;
@@ -98,21 +107,43 @@ class CParamChildList final {
     return tags_[slot] == lookup.tag || (tags_[slot] == kAutomaticTag && lookup.automaticNumber != 0);
   }
 
+  bool Spilled() const { return capacity_ > kInlineSlots; }
+  CParam** Slots() { return Spilled() ? storage_.heap.slots : storage_.inlineSlots; }
+  CParam* const* Slots() const { return Spilled() ? storage_.heap.slots : storage_.inlineSlots; }
+  // Moves the slots to a heap array of `capacity`, larger than today's.
+  void MoveSlots(std::size_t capacity);
+  // Makes room for one more slot, doubling the capacity when it is full.
+  void MakeRoomForOne();
   void Take(CParam* node, std::size_t slot);
   static bool IsNamedWithAutomaticKey(const CParam& node);
   void Renumber(std::size_t from);
   CParamKeyIndex& Index();
 
   // Counts and positions fit 32 bits: a position is an int32 (CParam::index_),
-  // and every share of a list is held by a node.
-  std::vector<CParam*> slots_;  // owning; null for a removed child not yet compacted
-  std::unique_ptr<CParamKeyIndex> index_;
-  CParam* owner_ = nullptr;
+  // and every share of a list is held by a node. The members a lookup reads
+  // come first.
+  std::uint32_t size_ = 0;  // slots in use, removed children not yet compacted included
+  std::uint32_t capacity_ = kInlineSlots;
   std::uint32_t live_ = 0;
   std::uint32_t firstGap_ = kClean;
+  std::array<std::uint16_t, kLinearScanLimit> tags_{};  // TagOf the first slots' nodes
+  // The slots (owning; null for a removed child not yet compacted): inside
+  // the list up to kInlineSlots, on the heap beyond.
+  union Storage {
+    CParam* inlineSlots[kInlineSlots];
+    struct {
+      CParam** slots;
+      CParamKeyIndex* index;  // null until a lookup in a long list needs it
+    } heap;
+  } storage_{};
   std::uint32_t namedWithAutomaticKeys_ = 0;  // children given a name like "Param17"
   std::uint32_t refs_ = 1;
-  std::array<std::uint16_t, kLinearScanLimit> tags_{};  // TagOf the first slots' nodes
+  CParam* owner_ = nullptr;
 };
+
+// Only a list long enough for the index has left its inline slots.
+static_assert(CParamChildList::kInlineSlots < CParamChildList::kLinearScanLimit);
+// A short list is 80 bytes on a 64-bit target, slots and tags included.
+static_assert(sizeof(void*) != 8 || sizeof(CParamChildList) == 80);
 
 }  // namespace NScrivolt
