@@ -14,7 +14,7 @@ void* CParamChildList::operator new(std::size_t) { return PoolFor<CParamChildLis
 void CParamChildList::operator delete(void* list) { PoolFor<CParamChildList>().Free(list); }
 
 CParamChildList::~CParamChildList() {
-  if (!Spilled()) return;
+  if (!spilled_) return;
   delete storage_.heap.index;
   delete[] storage_.heap.slots;
 }
@@ -37,17 +37,18 @@ CParamKeyIndex& CParamChildList::Index() {
 void CParamChildList::MoveSlots(std::size_t capacity) {
   auto* moved = new CParam*[capacity];
   std::copy(Slots(), Slots() + size_, moved);
-  if (Spilled()) {
+  if (spilled_) {
     delete[] storage_.heap.slots;
   } else {
     storage_.heap.index = nullptr;
+    spilled_ = true;
   }
   storage_.heap.slots = moved;
-  capacity_ = std::uint32_t(capacity);
+  storage_.heap.capacity = std::uint32_t(capacity);
 }
 
 void CParamChildList::MakeRoomForOne() {
-  if (size_ == capacity_) MoveSlots(std::size_t(capacity_) * 2);
+  if (size_ == Capacity()) MoveSlots(Capacity() * 2);
 }
 
 // A short list is scanned; it is compacted first, or the slots left by
@@ -58,20 +59,21 @@ CParam* CParamChildList::FindKey(WStringView key) {
   const CKeyLookup lookup(key);
   if (live_ > kLinearScanLimit) return Index().Find(lookup);
   Normalize();
+  const std::uint8_t tag = Fold(lookup.tag);
   CParam* const* slots = Slots();
   for (std::size_t slot = 0; slot < size_; ++slot) {
-    if (MayHaveKey(slot, lookup) && slots[slot]->HasKey(lookup)) return slots[slot];
+    if (MayHaveKey(slot, tag, lookup) && slots[slot]->HasKey(lookup)) return slots[slot];
   }
   return nullptr;
 }
 
-std::uint16_t CParamChildList::TagOf(const CParam& node) {
-  return node.automaticNumber_ != 0 ? kAutomaticTag : node.keyTag_;
+std::uint8_t CParamChildList::TagOf(const CParam& node) {
+  return node.automaticNumber_ != 0 ? kAutomaticTag : Fold(node.keyTag_);
 }
 
 // Names of that form are rare, so the lookup is seldom needed.
 bool CParamChildList::HasNamedChildWithAutomaticKey(std::uint64_t number) {
-  return namedWithAutomaticKeys_ != 0 && FindKey(AutomaticKey(number)) != nullptr;
+  return mayHaveNamedWithAutomaticKey_ && FindKey(AutomaticKey(number)) != nullptr;
 }
 
 bool CParamChildList::IsNamedWithAutomaticKey(const CParam& node) {
@@ -88,8 +90,8 @@ void CParamChildList::Take(CParam* node, std::size_t slot) {
   node->index_ = std::int32_t(slot);
   if (slot < kLinearScanLimit) tags_[slot] = TagOf(*node);
   ++live_;
-  if (IsNamedWithAutomaticKey(*node)) ++namedWithAutomaticKeys_;
-  if (Spilled() && storage_.heap.index != nullptr) storage_.heap.index->Insert(node);
+  if (!mayHaveNamedWithAutomaticKey_ && IsNamedWithAutomaticKey(*node)) mayHaveNamedWithAutomaticKey_ = true;
+  if (spilled_ && storage_.heap.index != nullptr) storage_.heap.index->Insert(node);
 }
 
 void CParamChildList::Append(CParam* node) {
@@ -114,9 +116,8 @@ void CParamChildList::Remove(CParam* node) {
   const std::size_t slot = std::size_t(node->index_);
   Slots()[slot] = nullptr;
   --live_;
-  if (IsNamedWithAutomaticKey(*node)) --namedWithAutomaticKeys_;
   firstGap_ = std::min(firstGap_, std::uint32_t(slot));
-  if (Spilled() && storage_.heap.index != nullptr) storage_.heap.index->Erase(node);
+  if (spilled_ && storage_.heap.index != nullptr) storage_.heap.index->Erase(node);
   node->container_ = nullptr;
   delete node;
 }
