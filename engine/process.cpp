@@ -157,7 +157,11 @@ CErrorText EvaluateParts(const CParsePart& part, CProcessContext& context, WStri
   if (!errorText.empty()) return errorText;
   for (const CParsePartRef& child : part.Children()) {
     if (child->Kind() == PartKind::Text) {
-      AppendUnescapedText(output, child->Value());
+      if (child->HoldsEscapes()) {
+        AppendUnescapedText(output, child->Value());
+      } else {
+        output.append(child->Value());
+      }
       HandOnOutput(context, output);
       continue;
     }

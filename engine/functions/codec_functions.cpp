@@ -1,6 +1,7 @@
 #include "engine/functions/codec_functions.h"
 #include "engine/syntax/error_report.h"
 
+#include <memory>
 #include <utility>
 
 #include "engine/codecs/codec_formats.h"
@@ -8,6 +9,37 @@
 #include "engine/process_context.h"
 
 namespace NScrivolt {
+
+namespace {
+
+// The format a keyword written as a quoted text names: the same on every
+// evaluation, so it is looked up once and kept in the part. A keyword that
+// names no format is looked up again each time, so that each evaluation
+// reports it.
+class CConstantFormat : public CPartCache {
+ public:
+  explicit CConstantFormat(const CCodecFormat& found) : format(found) {}
+  const CCodecFormat& format;
+};
+
+// The format the keyword argument `part` names, or null with the keyword in
+// `keyword` when it names none.
+CErrorText EvaluateFormat(const CFunction& function, const CParsePart* part, WStringView displayName,
+                          CProcessContext& context, WString& keyword, const CCodecFormat*& format) {
+  format = nullptr;
+  const bool constant = part != nullptr && part->Kind() == PartKind::ArgText;
+  if (constant && part->Cache() != nullptr) {
+    format = &static_cast<const CConstantFormat*>(part->Cache())->format;
+    return CErrorText();
+  }
+  CErrorText errorText = EvaluateText(function, part, displayName, context, WithoutValue::IsError, keyword);
+  if (!errorText.empty()) return errorText;
+  format = FindCodecFormat(keyword);
+  if (constant && format != nullptr) part->SetCache(std::make_unique<CConstantFormat>(*format));
+  return errorText;
+}
+
+}  // namespace
 
 // --- decode --------------------------------------------------------------------
 
@@ -22,15 +54,15 @@ const CArgumentTable& CFunctionDecode::Arguments() const {
 
 CErrorText CFunctionDecode::Execute(CProcessContext& context, WString& output) {
   WString keyword, what;
+  const CCodecFormat* format = nullptr;
   CParamQualifier target;
-  CErrorText errorText = EvaluateText(*this, from_, u"From", context, WithoutValue::IsError, keyword);
+  CErrorText errorText = EvaluateFormat(*this, from_, u"From", context, keyword, format);
   if (errorText.empty()) errorText = EvaluateText(*this, what_, u"What", context, WithoutValue::IsError, what);
   if (errorText.empty()) errorText = EvaluateQualifier(*this, to_, u"To", context, WhenAbsent::IsEmpty, target);
   if (!errorText.empty()) return errorText;
   // The target is created and emptied whatever happens next.
   if (to_ != nullptr) context.Root().FindParam(target, true)->Clear();
 
-  const CCodecFormat* format = FindCodecFormat(keyword);
   if (format == nullptr) return UnknownOptionError(*from_, keyword);
   if (!format->IsStructured()) {
     WString text = format->decodeText(what);
@@ -57,15 +89,15 @@ const CArgumentTable& CFunctionEncode::Arguments() const {
 
 CErrorText CFunctionEncode::Execute(CProcessContext& context, WString& output) {
   WString keyword;
+  const CCodecFormat* format = nullptr;
   CParam storage;
   const CParam* what = nullptr;
-  CErrorText errorText = EvaluateText(*this, for_, u"For", context, WithoutValue::IsError, keyword);
+  CErrorText errorText = EvaluateFormat(*this, for_, u"For", context, keyword, format);
   if (errorText.empty()) {
     errorText = EvaluateParamInPlace(*this, what_, u"What", context, WithoutValue::IsError, storage, what);
   }
   if (!errorText.empty()) return errorText;
 
-  const CCodecFormat* format = FindCodecFormat(keyword);
   if (format == nullptr) return UnknownOptionError(*for_, keyword);
   if (format->appendEncodedText != nullptr) {
     format->appendEncodedText(what->GetValue(), output);

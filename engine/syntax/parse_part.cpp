@@ -3,6 +3,8 @@
 #include <iterator>
 #include <utility>
 
+#include "engine/syntax/unescape.h"
+
 namespace NScrivolt {
 
 CParsePart::CParsePart(PartKind kind, CRefCounter<CTemplateSource*> source, std::size_t position,
@@ -24,6 +26,11 @@ CParsePart::~CParsePart() {
       grandchildren.clear();
     }
   }
+}
+
+void CParsePart::SetText(WStringView value) {
+  value_ = value;
+  holdsEscapes_ = NScrivolt::HoldsEscapes(value);
 }
 
 void CParsePart::SetOwnValue(WString value) {

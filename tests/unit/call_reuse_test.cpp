@@ -64,6 +64,14 @@ const TemplateCase kReuseCases[] = {
      u"<# set param: \"A\" to: \"x\"; for value: \"i\" from: \"1\" to: \"2\" do: (use param: \"A\"; "
      u"set param: \"A\" to: (#><# use param: \"A\" #>y<#)) #>",
      "xxy", ""},
+    {"constant format keywords on every round",
+     u"<# for value: \"i\" from: \"1\" to: \"2\" do: (encode what: (#><<# use param: \"i\" #><#) for: \"html\"; "
+     u"decode what: (#>a,<# use param: \"i\" #><#) from: \"csvline\" to: \"R\"; use param: \"R.#2\") #>",
+     "&lt;11&lt;22", ""},
+    {"a computed format keyword that changes between rounds",
+     u"<# setsubparams param: \"F\" to: \"html\" to: \"url\" #>"
+     u"<# foreach in: \"F\" value: \"V\" do: (encode what: \"a&b c\" for: V) #>",
+     "a&amp;b ca%26b%20c", ""},
 };
 
 TEST(CallReuse, ChangesBetweenEvaluationsOfOneCallAreSeen) { ExpectTemplateCases(kReuseCases); }
@@ -87,6 +95,9 @@ const LateErrorCase kLateErrors[] = {
     {"an invalid computed reference",
      u"<# for value: \"i\" from: first to: \"1000\" do: (use param: (#>v.<# if what: i is: \"1000\" "
      u"then: \"a b\" else: \"#1\" #><#) skipifmissing) #>"},
+    {"a format keyword that turns unknown",
+     u"<# for value: \"i\" from: first to: \"1000\" do: (encode what: \"x\" for: (#><# if what: i is: \"1000\" "
+     u"then: \"nope\" else: \"html\" #><#)) #>"},
 };
 
 TEST(CallReuse, AnErrorOnTheThousandthRoundIsReportedAsOnTheFirst) {

@@ -61,6 +61,8 @@ TEST(EncodedOutput, WritesWhatTheWholeTextWouldHaveWritten) {
       u"smile \U0001F600 pair",
       u"ab\U0001F600",
       u"\u0101 may become a look-alike, \U0001F600 no",
+      u"a look-alike last: \u0101",
+      u"abcd\u0101",
       Testing::kNotInAnyCodePage + u" and more text after it",
       u"",
   };
