@@ -51,15 +51,6 @@ WStringView TrimXmlSpace(WStringView text) {
   return text.substr(first, last - first);
 }
 
-// Most looks fail at the first unit, so the units are compared in line.
-bool XmlScanner::LooksAt(WStringView what) const {
-  if (position_ > text_.size() || text_.size() - position_ < what.size()) return false;
-  for (std::size_t i = 0; i < what.size(); ++i) {
-    if (text_[position_ + i] != what[i]) return false;
-  }
-  return true;
-}
-
 WStringView XmlScanner::ReadTextRun() {
   const std::size_t start = position_;
   position_ = text_.find(u'<', start);
