@@ -67,9 +67,13 @@ WStringView XmlScanner::ReadTextRun() {
   return text_.substr(start, position_ - start);
 }
 
+// Every open tag is "<" and at least three more units, and most tags are
+// told apart from all of them by their second unit alone.
 const XmlSectionTags* XmlScanner::SectionAtPosition() const {
+  if (position_ + 1 >= text_.size()) return nullptr;
+  const WChar second = text_[position_ + 1];
   for (const XmlSectionTags& section : kSections) {
-    if (LooksAt(section.openTag)) return &section;
+    if (section.openTag[1] == second && LooksAt(section.openTag)) return &section;
   }
   return nullptr;
 }
