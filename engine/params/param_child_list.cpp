@@ -122,10 +122,12 @@ void CParamChildList::Remove(CParam* node) {
   delete node;
 }
 
-// Moves the tags along with the nodes.
+// Moves the tags along with the nodes. The count is read once: the stores
+// into the nodes and the tags could otherwise change it for the compiler.
 void CParamChildList::Renumber(std::size_t from) {
   CParam* const* slots = Slots();
-  for (std::size_t i = from; i < size_; ++i) {
+  const std::size_t size = size_;
+  for (std::size_t i = from; i < size; ++i) {
     slots[i]->index_ = std::int32_t(i);
     if (i < kLinearScanLimit) tags_[i] = TagOf(*slots[i]);
   }
@@ -175,7 +177,8 @@ void CParamChildList::Release(CParamChildList* list, const CParam* holder) {
     CParamChildList* dying = pending.back();
     pending.pop_back();
     CParam* const* slots = dying->Slots();
-    for (std::size_t slot = 0; slot < dying->size_; ++slot) {
+    const std::size_t size = dying->size_;
+    for (std::size_t slot = 0; slot < size; ++slot) {
       CParam* node = slots[slot];
       if (node == nullptr) continue;
       CParamChildList* below = std::exchange(node->children_, nullptr);
