@@ -67,10 +67,6 @@ void RemoveFromModel(Model& model, const WString& name) {
   model.erase(std::find_if(model.begin(), model.end(), [&](const auto& entry) { return entry.first == name; }));
 }
 
-TEST(ParamChildList, ShortListIsOneBlockOfAFewCacheLines) {
-  EXPECT_LE(sizeof(CParamChildList), 80u);
-}
-
 // Lists built up to each boundary, by name, by number and mixed, keep every
 // child in order and findable.
 TEST(ParamChildList, GrowingAcrossTheInlineSlotsAndTheIndexKeepsEveryChild) {
