@@ -68,8 +68,13 @@ EncodingInfo CFileContentDest::Encoding() const {
   return encoding;
 }
 
+// The path is resolved now, as Write resolves it: the template may change
+// the current folder while it runs, and the bytes go into the file's
+// replacement as they come.
 CEncodedOutput* CFileContentDest::EncodedOutput() {
-  encoded_ = std::make_unique<CEncodedOutput>(Encoding().type);
+  const EncodingInfo encoding = Encoding();
+  encoded_ = std::make_unique<CEncodedOutput>(encoding.type, ResolveFilePath(path_, BaseFolder(*context_)),
+                                              encoding.bom);
   return encoded_.get();
 }
 

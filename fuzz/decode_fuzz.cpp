@@ -26,7 +26,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       continue;
     }
     CParam tree;
-    if (!format->decodeTree(text, tree).empty()) {
+    CDecodedText decoded{WString(text)};
+    if (!format->decodeTree(decoded, tree).empty()) {
       Check(tree.Count() == 0 && tree.GetValue().empty());
       continue;
     }

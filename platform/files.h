@@ -66,6 +66,12 @@ class CFileReplacement {
   // Puts the new content in place; false when that fails, with the target
   // as it was wherever the failure shows before the target is touched.
   bool Commit();
+  // Whether what is written goes into the new file beside the target as it
+  // comes, rather than being collected in memory for the target itself.
+  bool WritesToNewFile() const;
+  // Gives up the replacement, which leaves nothing behind, and hands back
+  // the bytes written so far; false when they cannot be read back.
+  bool TakeBack(std::string& bytes);
 
  private:
   struct CState;

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 #include <cstring>
+#include <string_view>
+#include <utility>
 
 namespace NScrivolt {
 
@@ -37,6 +39,9 @@ bool CEncodedOutput::EncodesExactly(WStringView piece, std::string& bytes) const
   return AppendDecoded(bytes, type_, back) && back == piece;
 }
 
+CEncodedOutput::CEncodedOutput(EncodingType type, WString path, bool mark)
+    : type_(type), path_(std::move(path)), mark_(mark) {}
+
 void CEncodedOutput::Take(WString& text) {
   if (!exact_) return;
   std::size_t whole = text.size();
@@ -45,13 +50,54 @@ void CEncodedOutput::Take(WString& text) {
   std::string bytes;
   if (!EncodesExactly(WStringView(text).substr(0, whole), bytes)) {
     exact_ = false;
+    KeepInMemory();
     return;
   }
-  blocks_.push_back(std::move(bytes));
+  if (!path_.empty()) OpenFile();
+  Keep(std::move(bytes));
   text.erase(0, whole);
 }
 
-WString CEncodedOutput::Restore(WStringView rest) const {
+// Only a replacement that writes into a new file as it goes is kept; for
+// any other target the writer opens the file at the end, as it always did.
+void CEncodedOutput::OpenFile() {
+  auto file = std::make_unique<Platform::CFileReplacement>();
+  const std::string_view mark = mark_ ? ByteOrderMark(type_) : std::string_view();
+  if (file->Open(path_) && file->WritesToNewFile() && file->Write(mark)) {
+    file_ = std::move(file);
+    written_ = mark.size();
+  }
+  path_.clear();
+}
+
+void CEncodedOutput::Keep(std::string bytes) {
+  if (file_ && file_->Write(bytes)) {
+    written_ += bytes.size();
+    return;
+  }
+  KeepInMemory();
+  blocks_.push_back(std::move(bytes));
+}
+
+// A write that failed may have left part of its bytes in the file: only the
+// pieces written whole come back.
+void CEncodedOutput::KeepInMemory() {
+  if (!file_) return;
+  std::string bytes;
+  const bool readBack = file_->TakeBack(bytes) && bytes.size() >= written_;
+  file_.reset();
+  if (!readBack) {
+    lost_ = true;
+    return;
+  }
+  const std::size_t markSize = mark_ ? ByteOrderMark(type_).size() : 0;
+  bytes.resize(written_);
+  bytes.erase(0, markSize);
+  blocks_.insert(blocks_.begin(), std::move(bytes));
+}
+
+WString CEncodedOutput::Restore(WStringView rest) {
+  KeepInMemory();
   WString text;
   for (const std::string& block : blocks_) AppendDecoded(block, type_, text);
   text.append(rest);

@@ -166,12 +166,18 @@ bool WriteEncodedTextFile(const WString& path, CEncodedOutput& encoded, WString 
   if (encoded.Empty()) return WriteTextFile(path, rest, encoding, isExplicit, errorText);
   encoded.Take(rest);
   if (!encoded.Exact() || !rest.empty()) {
-    return WriteTextFile(path, encoded.Restore(rest), encoding, isExplicit, errorText);
+    WString text = encoded.Restore(rest);
+    if (!encoded.Lost()) return WriteTextFile(path, text, encoding, isExplicit, errorText);
   }
-  Platform::CFileReplacement file;
-  bool written = file.Open(path) && (!encoding.bom || file.Write(ByteOrderMark(encoding.type)));
-  for (const std::string& block : encoded.Blocks()) written = written && file.Write(block);
-  written = written && file.Commit();
+  bool written = !encoded.Lost();
+  if (Platform::CFileReplacement* streamed = encoded.File()) {
+    written = written && streamed->Commit();
+  } else {
+    Platform::CFileReplacement file;
+    written = written && file.Open(path) && (!encoding.bom || file.Write(ByteOrderMark(encoding.type)));
+    for (const std::string& block : encoded.Blocks()) written = written && file.Write(block);
+    written = written && file.Commit();
+  }
   if (!written) AddErrorDetail(errorText, MsgCannotWriteFile, {{u"[FILEPATH]", path}});
   return written;
 }

@@ -51,15 +51,6 @@ WStringView TrimXmlSpace(WStringView text) {
   return text.substr(first, last - first);
 }
 
-// Most looks fail at the first unit, so the units are compared in line.
-bool XmlScanner::LooksAt(WStringView what) const {
-  if (position_ > text_.size() || text_.size() - position_ < what.size()) return false;
-  for (std::size_t i = 0; i < what.size(); ++i) {
-    if (text_[position_ + i] != what[i]) return false;
-  }
-  return true;
-}
-
 WStringView XmlScanner::ReadTextRun() {
   const std::size_t start = position_;
   position_ = text_.find(u'<', start);
@@ -67,9 +58,13 @@ WStringView XmlScanner::ReadTextRun() {
   return text_.substr(start, position_ - start);
 }
 
+// Every open tag is "<" and at least three more units, and most tags are
+// told apart from all of them by their second unit alone.
 const XmlSectionTags* XmlScanner::SectionAtPosition() const {
+  if (position_ + 1 >= text_.size()) return nullptr;
+  const WChar second = text_[position_ + 1];
   for (const XmlSectionTags& section : kSections) {
-    if (LooksAt(section.openTag)) return &section;
+    if (section.openTag[1] == second && LooksAt(section.openTag)) return &section;
   }
   return nullptr;
 }

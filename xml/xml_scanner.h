@@ -45,7 +45,19 @@ class XmlScanner {
 
   std::size_t Position() const { return position_; }
   bool AtEnd() const { return position_ >= text_.size(); }
-  bool LooksAt(WStringView what) const;
+  // In line, as the reader asks at every tag; a literal's length is known
+  // when compiled, so the comparison is a few unit compares.
+  bool LooksAt(WStringView what) const {
+    if (position_ > text_.size() || text_.size() - position_ < what.size()) return false;
+    for (std::size_t i = 0; i < what.size(); ++i) {
+      if (text_[position_ + i] != what[i]) return false;
+    }
+    return true;
+  }
+  template <std::size_t N>
+  bool LooksAt(const WChar (&literal)[N]) const {
+    return LooksAt(WStringView(literal, N - 1));
+  }
   void Skip(std::size_t count) { position_ += count; }
 
   // Everything up to the next "<" or the end of the text.

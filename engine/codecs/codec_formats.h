@@ -1,6 +1,7 @@
 // The format keywords of encode and decode and the conversion behind each.
 #pragma once
 
+#include "engine/codecs/decoded_text.h"
 #include "engine/params/param.h"
 #include "text/base/wide_string.h"
 #include "text/error_text.h"
@@ -15,7 +16,7 @@ struct CCodecFormat {
   WString (*decodeText)(WStringView text);
   // Structured formats: return the error text; `output` is appended to.
   CErrorText (*encodeTree)(const CParam& source, WString& output);
-  CErrorText (*decodeTree)(WStringView text, CParam& target);
+  CErrorText (*decodeTree)(CDecodedText& text, CParam& target);
   // Where a text format has it: encodeText appending to `output` in place.
   // It encodes each unit on its own, so a text handed over in pieces cut
   // anywhere but inside a surrogate pair comes out as the whole text would.

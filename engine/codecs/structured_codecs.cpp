@@ -99,7 +99,7 @@ void DecodeCsvLine(WStringView text, CParam& target) {
 
 // Records mostly have as many fields as the one before them: each gets room
 // for that many at once.
-void DecodeCsvLines(WStringView text, CParam& target) {
+void DecodeCsvLines(WStringView text, CParam& target, CDecodedText* owner) {
   const CCsvFieldScanner scanner(text);
   std::size_t at = 0;
   std::size_t fields = 0;
@@ -109,6 +109,7 @@ void DecodeCsvLines(WStringView text, CParam& target) {
     if (fields != 0) record.ReserveChildren(fields);
     at = SkipLineBreak(text, DecodeCsvRecord(scanner, at, record, value));
     fields = record.Count();
+    if (owner != nullptr) owner->ReadUpTo(at);
   }
 }
 
@@ -120,7 +121,7 @@ void DecodeTsvLine(WStringView text, CParam& target) {
   ForEachPiece(text, u'\t', [&target](WStringView field) { AppendField(target, field); });
 }
 
-void DecodeTsvLines(WStringView text, CParam& target) {
+void DecodeTsvLines(WStringView text, CParam& target, CDecodedText* owner) {
   std::size_t begin = 0;
   for (;;) {
     std::size_t end = begin;
@@ -128,6 +129,7 @@ void DecodeTsvLines(WStringView text, CParam& target) {
     DecodeTsvLine(text.substr(begin, end - begin), *target.AppendNumbered());
     if (end == text.size()) return;
     begin = SkipLineBreak(text, end);
+    if (owner != nullptr) owner->ReadUpTo(begin);
   }
 }
 

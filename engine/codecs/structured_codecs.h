@@ -10,6 +10,7 @@
 //   csvlines, tsvlines  one child per record, with one child per field
 #pragma once
 
+#include "engine/codecs/decoded_text.h"
 #include "engine/params/param.h"
 #include "text/base/wide_string.h"
 
@@ -24,8 +25,10 @@ WString EncodeUrlParams(const CParam& source);
 // The first record of the text; anything after its line end is ignored.
 void DecodeCsvLine(WStringView text, CParam& target);
 // Every record; a line break after the last one adds nothing, an empty text
-// gives no record.
-void DecodeCsvLines(WStringView text, CParam& target);
+// gives no record. `owner`, when given, holds `text` and is told after each
+// record how far the decoding has come.
+void DecodeCsvLines(WStringView text, CParam& target, CDecodedText* owner);
+inline void DecodeCsvLines(WStringView text, CParam& target) { DecodeCsvLines(text, target, nullptr); }
 // Fields encoded one by one and joined by ",".
 WString EncodeCsvLine(const CParam& source);
 // Records joined by CR LF, none after the last.
@@ -34,8 +37,9 @@ WString EncodeCsvLines(const CParam& source);
 // Fields between tabs, without any quoting.
 void DecodeTsvLine(WStringView text, CParam& target);
 // Lines ended by CR LF, LF or CR; a line break at the end gives a last
-// record with one empty field.
-void DecodeTsvLines(WStringView text, CParam& target);
+// record with one empty field. `owner` as for DecodeCsvLines.
+void DecodeTsvLines(WStringView text, CParam& target, CDecodedText* owner);
+inline void DecodeTsvLines(WStringView text, CParam& target) { DecodeTsvLines(text, target, nullptr); }
 // Fields, their tabs made 8 spaces, joined by tabs.
 WString EncodeTsvLine(const CParam& source);
 // Records joined by CR LF, none after the last.

@@ -85,7 +85,8 @@ CErrorText CFunctionDecode::Execute(CProcessContext& context, WString& output) {
     return errorText;
   }
   if (to_ == nullptr) return ArgumentMissingError(CallPart(), u"To");
-  return format->decodeTree(what, *context.Root().FindParam(target, true));
+  CDecodedText decoded(std::move(what));
+  return format->decodeTree(decoded, *context.Root().FindParam(target, true));
 }
 
 // --- encode --------------------------------------------------------------------

@@ -13,14 +13,42 @@ void* CParamChildList::operator new(std::size_t) { return PoolFor<CParamChildLis
 
 void CParamChildList::operator delete(void* list) { PoolFor<CParamChildList>().Free(list); }
 
+CParamChildList::~CParamChildList() {
+  if (!spilled_) return;
+  delete storage_.heap.index;
+  delete[] storage_.heap.slots;
+}
+
+// Called only for a list longer than kLinearScanLimit, so past its inline
+// slots.
 CParamKeyIndex& CParamChildList::Index() {
-  if (!index_) {
-    index_ = std::make_unique<CParamKeyIndex>(live_);
-    for (CParam* node : slots_) {
-      if (node != nullptr) index_->Insert(node);
+  CParamKeyIndex*& index = storage_.heap.index;
+  if (index == nullptr) {
+    index = new CParamKeyIndex(live_);
+    for (std::size_t slot = 0; slot < size_; ++slot) {
+      if (storage_.heap.slots[slot] != nullptr) index->Insert(storage_.heap.slots[slot]);
     }
   }
-  return *index_;
+  return *index;
+}
+
+// The inline slots and the heap fields overlap: the old slots are copied
+// before the fields are written.
+void CParamChildList::MoveSlots(std::size_t capacity) {
+  auto* moved = new CParam*[capacity];
+  std::copy(Slots(), Slots() + size_, moved);
+  if (spilled_) {
+    delete[] storage_.heap.slots;
+  } else {
+    storage_.heap.index = nullptr;
+    spilled_ = true;
+  }
+  storage_.heap.slots = moved;
+  storage_.heap.capacity = std::uint32_t(capacity);
+}
+
+void CParamChildList::MakeRoomForOne() {
+  if (size_ == Capacity()) MoveSlots(Capacity() * 2);
 }
 
 // A short list is scanned; it is compacted first, or the slots left by
@@ -31,19 +59,21 @@ CParam* CParamChildList::FindKey(WStringView key) {
   const CKeyLookup lookup(key);
   if (live_ > kLinearScanLimit) return Index().Find(lookup);
   Normalize();
-  for (std::size_t slot = 0; slot < slots_.size(); ++slot) {
-    if (MayHaveKey(slot, lookup) && slots_[slot]->HasKey(lookup)) return slots_[slot];
+  const std::uint8_t tag = Fold(lookup.tag);
+  CParam* const* slots = Slots();
+  for (std::size_t slot = 0; slot < size_; ++slot) {
+    if (MayHaveKey(slot, tag, lookup) && slots[slot]->HasKey(lookup)) return slots[slot];
   }
   return nullptr;
 }
 
-std::uint16_t CParamChildList::TagOf(const CParam& node) {
-  return node.HasAutomaticName() ? kAutomaticTag : node.keyTag_;
+std::uint8_t CParamChildList::TagOf(const CParam& node) {
+  return node.HasAutomaticName() ? kAutomaticTag : Fold(node.keyTag_);
 }
 
 // Names of that form are rare, so the lookup is seldom needed.
 bool CParamChildList::HasNamedChildWithAutomaticKey(std::uint64_t number) {
-  return namedWithAutomaticKeys_ != 0 && FindKey(AutomaticKey(number)) != nullptr;
+  return mayHaveNamedWithAutomaticKey_ && FindKey(AutomaticKey(number)) != nullptr;
 }
 
 bool CParamChildList::IsNamedWithAutomaticKey(const CParam& node) {
@@ -52,7 +82,7 @@ bool CParamChildList::IsNamedWithAutomaticKey(const CParam& node) {
 
 CParam* CParamChildList::At(std::size_t position) {
   Normalize();
-  return slots_[position];
+  return Slots()[position];
 }
 
 void CParamChildList::Take(CParam* node, std::size_t slot) {
@@ -60,48 +90,53 @@ void CParamChildList::Take(CParam* node, std::size_t slot) {
   node->index_ = std::int32_t(slot);
   if (slot < kLinearScanLimit) tags_[slot] = TagOf(*node);
   ++live_;
-  if (IsNamedWithAutomaticKey(*node)) ++namedWithAutomaticKeys_;
-  if (index_) index_->Insert(node);
+  if (!mayHaveNamedWithAutomaticKey_ && IsNamedWithAutomaticKey(*node)) mayHaveNamedWithAutomaticKey_ = true;
+  if (spilled_ && storage_.heap.index != nullptr) storage_.heap.index->Insert(node);
 }
 
-// Most lists stay short; room for a few children at first spares them the
-// growth steps of one, two and four.
 void CParamChildList::Append(CParam* node) {
-  if (slots_.empty()) slots_.reserve(kFirstCapacity);
-  Take(node, slots_.size());
-  slots_.push_back(node);
+  MakeRoomForOne();
+  Slots()[size_] = node;
+  Take(node, size_);
+  ++size_;
 }
 
 void CParamChildList::InsertAt(std::size_t position, CParam* node) {
   Normalize();
-  slots_.insert(slots_.begin() + std::ptrdiff_t(position), node);
+  MakeRoomForOne();
+  CParam** slots = Slots();
+  std::copy_backward(slots + position, slots + size_, slots + size_ + 1);
+  slots[position] = node;
+  ++size_;
   Take(node, position);
   Renumber(position + 1);
 }
 
 void CParamChildList::Remove(CParam* node) {
   const std::size_t slot = std::size_t(node->index_);
-  slots_[slot] = nullptr;
+  Slots()[slot] = nullptr;
   --live_;
-  if (IsNamedWithAutomaticKey(*node)) --namedWithAutomaticKeys_;
   firstGap_ = std::min(firstGap_, std::uint32_t(slot));
-  if (index_) index_->Erase(node);
+  if (spilled_ && storage_.heap.index != nullptr) storage_.heap.index->Erase(node);
   node->container_ = nullptr;
   delete node;
 }
 
-// Moves the tags along with the nodes.
+// Moves the tags along with the nodes. The count is read once: the stores
+// into the nodes and the tags could otherwise change it for the compiler.
 void CParamChildList::Renumber(std::size_t from) {
-  for (std::size_t i = from; i < slots_.size(); ++i) {
-    slots_[i]->index_ = std::int32_t(i);
-    if (i < kLinearScanLimit) tags_[i] = TagOf(*slots_[i]);
+  CParam* const* slots = Slots();
+  const std::size_t size = size_;
+  for (std::size_t i = from; i < size; ++i) {
+    slots[i]->index_ = std::int32_t(i);
+    if (i < kLinearScanLimit) tags_[i] = TagOf(*slots[i]);
   }
 }
 
 void CParamChildList::Normalize() {
   if (firstGap_ == kClean) return;
-  auto kept = std::remove(slots_.begin() + std::ptrdiff_t(firstGap_), slots_.end(), nullptr);
-  slots_.erase(kept, slots_.end());
+  CParam** slots = Slots();
+  size_ = std::uint32_t(std::remove(slots + firstGap_, slots + size_, nullptr) - slots);
   Renumber(firstGap_);
   firstGap_ = kClean;
 }
@@ -112,22 +147,23 @@ bool CParamChildList::IndexPending(const CParam& node) const {
 
 std::vector<CParam*> CParamChildList::Ordered(ParamOrder order, bool descending) {
   Normalize();
-  std::vector<CParam*> nodes(slots_);
+  std::vector<CParam*> nodes(Slots(), Slots() + size_);
   OrderParams(nodes, order, descending);
   return nodes;
 }
 
 void CParamChildList::Reorder(std::vector<CParam*> order) {
   Normalize();
-  slots_ = std::move(order);
+  std::copy(order.begin(), order.end(), Slots());
   Renumber(0);
 }
 
 CParamChildList* CParamChildList::Clone(CParam* holder) {
   Normalize();
   auto* copy = new CParamChildList;
-  copy->slots_.reserve(live_);
-  for (const CParam* node : slots_) copy->Append(new CParam(*node));
+  copy->Reserve(live_);
+  CParam* const* slots = Slots();
+  for (std::size_t slot = 0; slot < size_; ++slot) copy->Append(new CParam(*slots[slot]));
   copy->owner_ = holder;
   return copy;
 }
@@ -140,7 +176,10 @@ void CParamChildList::Release(CParamChildList* list, const CParam* holder) {
   while (!pending.empty()) {
     CParamChildList* dying = pending.back();
     pending.pop_back();
-    for (CParam* node : dying->slots_) {
+    CParam* const* slots = dying->Slots();
+    const std::size_t size = dying->size_;
+    for (std::size_t slot = 0; slot < size; ++slot) {
+      CParam* node = slots[slot];
       if (node == nullptr) continue;
       CParamChildList* below = std::exchange(node->children_, nullptr);
       if (below != nullptr) {

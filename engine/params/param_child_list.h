@@ -14,16 +14,23 @@
 //
 // Keys are looked up by scanning while the list is short, and through a hash
 // index (built on first need) once it holds more than kLinearScanLimit. The
-// list keeps a 16-bit tag beside each of its first kLinearScanLimit slots (the
-// key's digest, or one tag for every automatic name), so a scan reaches
-// only the nodes whose tag fits, not every sibling.
+// list keeps an 8-bit tag beside each of its first kLinearScanLimit slots (the
+// key's digest folded, or one tag for every automatic name), so a scan
+// reaches only the nodes whose tag fits, not every sibling.
+//
+// Most lists are short (an element of a decoded XML document has two to four
+// children, each attribute two, a CSV row one a column), so the first
+// kInlineSlots slots live inside the list object: a short list is one block
+// from the pool, and a lookup in it reaches the matching node straight from
+// the list. A list that outgrows them moves its slots to an array of their
+// own on the heap, for good; only such a list can grow long enough for the
+// hash index, whose pointer shares the room of the inline slots.
 #pragma once
 
-#include <cstddef>
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <limits>
-#include <memory>
 #include <vector>
 
 #include "engine/params/param_key_index.h"
@@ -37,11 +44,12 @@ class CParam;
 class CParamChildList final {
  public:
   static constexpr std::size_t kLinearScanLimit = 8;
+  static constexpr std::size_t kInlineSlots = 6;
 
-  CParamChildList() = default;
+  CParamChildList() : size_(0), spilled_(false), live_(0), mayHaveNamedWithAutomaticKey_(false) {}
   CParamChildList(const CParamChildList&) = delete;
   CParamChildList& operator=(const CParamChildList&) = delete;
-  ~CParamChildList() = default;  // the nodes are deleted by Release
+  ~CParamChildList();  // frees the slot array and the index; the nodes are deleted by Release
 
   // Lists come from a pool of their own (see CFixedSizePool).
   static void* operator new(std::size_t size);
@@ -55,7 +63,9 @@ class CParamChildList final {
   // The child at a 0-based position below Count().
   CParam* At(std::size_t position);
   // Makes room for `count` slots in all.
-  void Reserve(std::size_t count) { slots_.reserve(count); }
+  void Reserve(std::size_t count) {
+    if (count > Capacity()) MoveSlots(count);
+  }
   // Appends a new node at the end; the list takes ownership.
   void Append(CParam* node);
   // Inserts a new node at a position no greater than Count().
@@ -88,31 +98,58 @@ class CParamChildList final {
 
  private:
   static constexpr std::uint32_t kClean = std::numeric_limits<std::uint32_t>::max();
-  static constexpr std::size_t kFirstCapacity = 4;
   // The tag of every automatic name: a lookup of a key of that form checks
-  // these slots as well as those whose digest fits.
-  static constexpr std::uint16_t kAutomaticTag = 0xFFFF;
+  // these slots as well as those whose tag fits.
+  static constexpr std::uint8_t kAutomaticTag = 0xFF;
 
-  static std::uint16_t TagOf(const CParam& node);
-  bool MayHaveKey(std::size_t slot, const CKeyLookup& lookup) const {
-    return tags_[slot] == lookup.tag || (tags_[slot] == kAutomaticTag && lookup.automaticNumber != 0);
+  // A key's 16-bit digest folded to the tag kept in the list.
+  static std::uint8_t Fold(std::uint16_t digest) { return std::uint8_t(digest ^ (digest >> 8)); }
+  static std::uint8_t TagOf(const CParam& node);
+  bool MayHaveKey(std::size_t slot, std::uint8_t tag, const CKeyLookup& lookup) const {
+    return tags_[slot] == tag || (tags_[slot] == kAutomaticTag && lookup.automaticNumber != 0);
   }
 
+  std::size_t Capacity() const { return spilled_ ? storage_.heap.capacity : kInlineSlots; }
+  CParam** Slots() { return spilled_ ? storage_.heap.slots : storage_.inlineSlots; }
+  CParam* const* Slots() const { return spilled_ ? storage_.heap.slots : storage_.inlineSlots; }
+  // Moves the slots to a heap array of `capacity`, larger than today's.
+  void MoveSlots(std::size_t capacity);
+  // Makes room for one more slot, doubling the capacity when it is full.
+  void MakeRoomForOne();
   void Take(CParam* node, std::size_t slot);
   static bool IsNamedWithAutomaticKey(const CParam& node);
   void Renumber(std::size_t from);
   CParamKeyIndex& Index();
 
-  // Counts and positions fit 32 bits: a position is an int32 (CParam::index_),
-  // and every share of a list is held by a node.
-  std::vector<CParam*> slots_;  // owning; null for a removed child not yet compacted
-  std::unique_ptr<CParamKeyIndex> index_;
-  CParam* owner_ = nullptr;
-  std::uint32_t live_ = 0;
+  // Counts and positions fit 31 bits: a position is an int32
+  // (CParam::index_). The members a lookup reads come first.
+  std::uint32_t size_ : 31;  // slots in use, removed children not yet compacted included
+  std::uint32_t spilled_ : 1;  // the slots are on the heap
+  std::uint32_t live_ : 31;
+  // Set once a child was given a name like "Param17", and kept: only then
+  // must a new automatic name be checked against the siblings.
+  std::uint32_t mayHaveNamedWithAutomaticKey_ : 1;
   std::uint32_t firstGap_ = kClean;
-  std::uint32_t namedWithAutomaticKeys_ = 0;  // children given a name like "Param17"
-  std::uint32_t refs_ = 1;
-  std::array<std::uint16_t, kLinearScanLimit> tags_{};  // TagOf the first slots' nodes
+  std::uint32_t refs_ = 1;  // every share is held by a node
+  std::array<std::uint8_t, kLinearScanLimit> tags_{};  // TagOf the first slots' nodes
+  // The slots (owning; null for a removed child not yet compacted): inside
+  // the list up to kInlineSlots, on the heap beyond.
+  union Storage {
+    CParam* inlineSlots[kInlineSlots];
+    struct {
+      CParam** slots;
+      CParamKeyIndex* index;  // null until a lookup in a long list needs it
+      std::uint32_t capacity;
+    } heap;
+  } storage_{};
+  CParam* owner_ = nullptr;
 };
+
+// Only a list long enough for the index has left its inline slots.
+static_assert(CParamChildList::kInlineSlots < CParamChildList::kLinearScanLimit);
+// A short list, six slots and their tags included, is 80 bytes on a 64-bit
+// target: two cache lines, the first holding all a scan needs but the last
+// two slots.
+static_assert(sizeof(void*) != 8 || sizeof(CParamChildList) == 80);
 
 }  // namespace NScrivolt

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace NScrivolt::Platform {
@@ -13,5 +14,9 @@ constexpr std::size_t kLargestTransfer = std::size_t(1) << 30;
 // Writes all of `bytes`, going on after interruptions; false when a write
 // fails (no space, a file-size limit, a closed pipe).
 bool WriteAll(int fd, std::string_view bytes);
+
+// Replaces `bytes` with the whole content of the file, read from its start
+// whatever the descriptor's position; false when a read fails.
+bool ReadWhole(int fd, std::string& bytes);
 
 }  // namespace NScrivolt::Platform

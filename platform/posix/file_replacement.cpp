@@ -121,7 +121,7 @@ struct CFileReplacement::CState {
   // Replace: makes the new file; false when the folder takes none or the
   // new file cannot have the old one's owner.
   bool StartReplacement(const struct stat* existing) {
-    fd = open(FolderOf(target).c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600);
+    fd = open(FolderOf(target).c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0600);
     if (fd < 0 && (errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL)) CreateNamedTemporary();
     if (fd < 0 || !TakeOverIdentity(fd, existing)) return false;
     route = Route::Replace;
@@ -131,7 +131,7 @@ struct CFileReplacement::CState {
   void CreateNamedTemporary() {
     for (int attempt = 0; attempt < kTemporaryNameAttempts && fd < 0; ++attempt) {
       std::string name = TemporaryName(target, attempt);
-      fd = open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+      fd = open(name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
       if (fd >= 0) temporary = std::move(name);
       if (fd < 0 && errno != EEXIST) return;
     }
@@ -234,6 +234,18 @@ bool CFileReplacement::Commit() {
   std::unique_ptr<CState> state = std::move(state_);
   if (state->failed) return false;
   return state->route == Route::Replace ? state->CommitReplacement() : state->CommitInPlace();
+}
+
+bool CFileReplacement::WritesToNewFile() const { return state_ && state_->route == Route::Replace; }
+
+bool CFileReplacement::TakeBack(std::string& bytes) {
+  const std::unique_ptr<CState> state = std::move(state_);
+  if (!state) return false;
+  if (state->route == Route::InPlace) {
+    bytes = std::move(state->pending);
+    return true;
+  }
+  return ReadWhole(state->fd, bytes);
 }
 
 }  // namespace NScrivolt::Platform

@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace NScrivolt::Platform {
@@ -38,5 +39,9 @@ class CFileHandle {
 
 // Writes all of `bytes`; false when a write fails or stops short.
 bool WriteAll(HANDLE file, std::string_view bytes);
+
+// Replaces `bytes` with the whole content of the file, read from its start;
+// false when a read fails. Leaves the file's position at its end.
+bool ReadWhole(HANDLE file, std::string& bytes);
 
 }  // namespace NScrivolt::Platform

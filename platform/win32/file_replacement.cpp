@@ -44,7 +44,7 @@ HANDLE CreateTemporaryBeside(const WString& target, WString& temporary) {
   const WString process = IntegerToText(GetCurrentProcessId());
   for (int attempt = 0; attempt < kTemporaryNameAttempts; ++attempt) {
     temporary = folder + u"~scrivolt-" + process + u"-" + IntegerToText(++counter) + u".tmp";
-    const HANDLE file = CreateFileW(AsWin(temporary), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
+    const HANDLE file = CreateFileW(AsWin(temporary), GENERIC_READ | GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
                                     FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file != INVALID_HANDLE_VALUE || GetLastError() != ERROR_FILE_EXISTS) return file;
   }
@@ -178,6 +178,18 @@ bool CFileReplacement::Commit() {
   std::unique_ptr<CState> state = std::move(state_);
   if (state->failed) return false;
   return state->route == Route::Replace ? state->CommitReplacement() : state->CommitInPlace();
+}
+
+bool CFileReplacement::WritesToNewFile() const { return state_ && state_->route == Route::Replace; }
+
+bool CFileReplacement::TakeBack(std::string& bytes) {
+  const std::unique_ptr<CState> state = std::move(state_);
+  if (!state) return false;
+  if (state->route == Route::InPlace) {
+    bytes = std::move(state->pending);
+    return true;
+  }
+  return ReadWhole(state->file.Get(), bytes);
 }
 
 }  // namespace NScrivolt::Platform

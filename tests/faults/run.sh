@@ -72,6 +72,10 @@ head -c 300000 /dev/zero | tr '\0' 'x' >wide.txt
 (ulimit -f 100; trap '' XFSZ; LC_ALL=C.UTF-8 "$program" /in wide.txt /out keep.txt /go >/dev/null 2>run.err)
 check "a file-size limit is 'Cannot write' and keeps the old file" \
   bash -c "grep -q 'Cannot write' run.err && cmp -s keep.txt old.txt"
+printf '<# for value: "i" from: "1" to: "40000" do: "0123456789" #>' >loop.txt
+(ulimit -f 100; trap '' XFSZ; LC_ALL=C.UTF-8 "$program" /in loop.txt /out keep.txt /go >/dev/null 2>run.err)
+check "a file-size limit met while a large output is written as it comes is 'Cannot write' and keeps the old file" \
+  bash -c "grep -q 'Cannot write' run.err && cmp -s keep.txt old.txt && [ -z \"\$(ls -A | grep '^\.scrivolt-')\" ]"
 check "a missing folder is 'Cannot write'" \
   bash -c "! LC_ALL=C.UTF-8 '$program' /set X 1 /in t.txt /out no/such/folder.txt /go 2>run.err && grep -q 'Cannot write' run.err"
 

@@ -49,5 +49,31 @@ TEST(StructuredCodecs, CsvLinesReadBackWhatTheyWrite) {
   EXPECT_EQ(Layout(decoded), Layout(source));
 }
 
+// Decoding a text that is given back while it is read gives the tree that
+// reading it whole gives: what is given back is never read again.
+TEST(StructuredCodecs, LinesDecodedWhileTheTextIsGivenBack) {
+  struct Case {
+    const char* name;
+    void (*decode)(WStringView, CParam&, CDecodedText*);
+    const WChar* record;
+  };
+  const Case cases[] = {
+      {"csvlines", DecodeCsvLines, u"12345,\"quoted, with \"\"marks\"\"\",  plain text \r\n"},
+      {"tsvlines", DecodeTsvLines, u"12345\tfield two\tlast field\r\n"},
+  };
+  for (const Case& c : cases) {
+    WString text;
+    while (text.size() < 3 * CDecodedText::kReleaseUnits) text += c.record;
+    text += u"end";
+    CParam whole;
+    c.decode(text, whole, nullptr);
+    CParam released;
+    CDecodedText owner(text);
+    c.decode(owner.View(), released, &owner);
+    EXPECT_EQ(released.Count(), whole.Count()) << c.name;
+    EXPECT_EQ(Layout(released), Layout(whole)) << c.name;
+  }
+}
+
 }  // namespace
 }  // namespace NScrivolt
