@@ -47,8 +47,13 @@ void CParamChildList::MoveSlots(std::size_t capacity) {
   storage_.heap.capacity = std::uint32_t(capacity);
 }
 
+// A list that has just outgrown its inline slots mostly ends soon after (a
+// JSON object of seven members), so its first heap array is not twice the
+// inline room but kFirstHeapSlots: seven slots, 56 bytes, which with the
+// general allocator's header fit a 64-byte block where eight would take an
+// 80-byte one. Later arrays double.
 void CParamChildList::MakeRoomForOne() {
-  if (size_ == Capacity()) MoveSlots(Capacity() * 2);
+  if (size_ == Capacity()) MoveSlots(spilled_ ? Capacity() * 2 : kFirstHeapSlots);
 }
 
 // A short list is scanned; it is compacted first, or the slots left by

@@ -114,7 +114,11 @@ class CParamChildList final {
   CParam* const* Slots() const { return spilled_ ? storage_.heap.slots : storage_.inlineSlots; }
   // Moves the slots to a heap array of `capacity`, larger than today's.
   void MoveSlots(std::size_t capacity);
-  // Makes room for one more slot, doubling the capacity when it is full.
+  static constexpr std::size_t kFirstHeapSlots = 7;
+  static_assert(kFirstHeapSlots > kInlineSlots);
+
+  // Makes room for one more slot when the slots are full: kFirstHeapSlots
+  // on leaving the inline ones, twice as many as before after that.
   void MakeRoomForOne();
   void Take(CParam* node, std::size_t slot);
   static bool IsNamedWithAutomaticKey(const CParam& node);
