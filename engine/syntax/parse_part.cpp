@@ -28,9 +28,9 @@ CParsePart::~CParsePart() {
   }
 }
 
-void CParsePart::SetText(WStringView value) {
-  value_ = value;
-  holdsEscapes_ = NScrivolt::HoldsEscapes(value);
+bool CParsePart::HoldsEscapes() const {
+  if (escapes_ == Escapes::Unknown) escapes_ = NScrivolt::HoldsEscapes(value_) ? Escapes::Some : Escapes::None;
+  return escapes_ == Escapes::Some;
 }
 
 void CParsePart::SetOwnValue(WString value) {

@@ -67,8 +67,10 @@ class CParsePart {
   WStringView Name() const { return name_; }
   WStringView Value() const { return value_; }
   // For a Text part: whether its value holds an escaped script marker, so
-  // that its output differs from it. Found once, when the part is made.
-  bool HoldsEscapes() const { return holdsEscapes_; }
+  // that its output differs from it. Found on the first ask and kept, so a
+  // part output on every round of a loop is scanned once, and parsing alone
+  // scans nothing.
+  bool HoldsEscapes() const;
   const std::vector<CParsePartRef>& Children() const { return children_; }
   // The evaluation's cache of this part; null until it keeps one. A part is
   // evaluated in one thread, so a cache may be filled while the tree is const.
@@ -80,12 +82,12 @@ class CParsePart {
 
   void SetKind(PartKind kind) { kind_ = kind; }
   void SetValue(WStringView value) { value_ = value; }
-  void SetText(WStringView value);
   void SetOwnValue(WString value);
   CParsePart& AppendChild(PartKind kind, std::size_t position, WStringView name);
 
   PartKind kind_;
-  bool holdsEscapes_ = false;
+  enum class Escapes : std::uint8_t { Unknown, None, Some };
+  mutable Escapes escapes_ = Escapes::Unknown;
   std::size_t position_;
   CRefCounter<CTemplateSource*> source_;
   WStringView name_;

@@ -231,7 +231,7 @@ void CParser::CloseArgumentContent(Token ended, std::size_t contentOpen) {
 CParser::Token CParser::ReadText(CParsePart& owner, std::size_t from) {
   const std::size_t open = FindScriptOpen(from);
   if (open > from) {
-    owner.AppendChild(PartKind::Text, from, WStringView()).SetText(WStringView(text_ + from, open - from));
+    owner.AppendChild(PartKind::Text, from, WStringView()).SetValue(WStringView(text_ + from, open - from));
   }
   if (open == length_) return Token{TokenKind::End, length_, length_};
   return Token{TokenKind::ScriptOpen, open, open + 2};
