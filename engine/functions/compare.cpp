@@ -1,5 +1,6 @@
 #include "engine/functions/compare.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "engine/syntax/error_report.h"
@@ -29,9 +30,17 @@ constexpr WStringView kComparandNames[] = {
 };
 
 // Negative, zero or positive as `a` comes before, equals or follows `b`.
+// Without case sensitivity the units are compared with A-Z folded to lower
+// case, one by one, without a lower-cased copy of either text.
 int CompareText(WStringView a, WStringView b, bool caseSensitive) {
   if (caseSensitive) return a.compare(b);
-  return WStringView(ToLowerAscii(a)).compare(ToLowerAscii(b));
+  const std::size_t common = std::min(a.size(), b.size());
+  for (std::size_t i = 0; i < common; ++i) {
+    const WChar x = LowerAscii(a[i]);
+    const WChar y = LowerAscii(b[i]);
+    if (x != y) return x < y ? -1 : 1;
+  }
+  return a.size() == b.size() ? 0 : (a.size() < b.size() ? -1 : 1);
 }
 
 }  // namespace

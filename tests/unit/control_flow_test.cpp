@@ -27,6 +27,11 @@ const TemplateCase kControlCases[] = {
     {"an error in a later round stops the loop",
      u"<# for from: \"1\" to: \"3\" value: \"v\" do: (#><# if what: v is: \"2\" then: (error text: \"two\") #><#) #>", "",
      "\n- two" CALL_FAILED("error", 1, 73) CALL_FAILED("if", 1, 47) CALL_FAILED("for", 1, 4)},
+    {"comparisons fold A-Z to lower case: a prefix is lower, '[' lies below 'a' but above 'A'",
+     u"<# if what: \"AB\" islowerthan: \"abc\" then: \"1\" #><# if what: \"[\" islowerthan: \"a\" then: \"2\" #>"
+     u"<# if what: \"[\" isgreaterthan: \"A\" casesensitive then: \"3\" #><# if what: \"abc\" isgreaterthan: \"AB\" "
+     u"then: \"4\" #><# if what: \"Ab\" is: \"aB\" then: \"5\" #>",
+     "12345", ""},
     {"gate keeps a listed function's deletion",
      u"<# makefunction name: \"f\" content: \"f\" #><# gate function: \"f\" content: (deletefunction name: \"f\") #>"
      u"<# f #>",
