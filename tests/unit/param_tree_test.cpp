@@ -169,6 +169,20 @@ TEST(ParamDelete, RemovesOneNodeAndClosesTheNumbering) {
   }
 }
 
+// The 1-based places in `values` of the children, sorted by value, of a node
+// that holds `values` as numbered children in that order.
+template <std::size_t N>
+std::string SortedByValue(const WString (&values)[N], bool descending) {
+  CParam node;
+  for (const WString& value : values) node.AppendNumbered()->SetValue(value);
+  std::string numbers;
+  for (const CParam* child : std::as_const(node).ListChildren(ParamOrder::ByValue, descending)) {
+    const auto at = std::find(std::begin(values), std::end(values), child->GetValue());
+    numbers += std::to_string(at - std::begin(values) + 1);
+  }
+  return numbers;
+}
+
 // Values are compared eight units at a time; these differ before, at and
 // after such a boundary, by case only, by a NUL unit, or by ending early.
 TEST(ParamSort, LongValuesCompareUnitByUnitToTheirEnd) {
@@ -177,18 +191,8 @@ TEST(ParamSort, LongValuesCompareUnitByUnitToTheirEnd) {
       WString(u"prefix-common-a\0", 16), u"prefix-commoN-a", u"prefix-common-bb-and-more-than-sixteen",
       WString(u"prefix-c\0", 9), u"prefix-co",
   };
-  CParam node;
-  for (const WString& value : values) node.AppendNumbered()->SetValue(value);
-  const auto order = [&](bool descending) {
-    std::string numbers;
-    for (const CParam* child : std::as_const(node).ListChildren(ParamOrder::ByValue, descending)) {
-      const auto at = std::find(std::begin(values), std::end(values), child->GetValue());
-      numbers += std::to_string(at - std::begin(values) + 1);
-    }
-    return numbers;
-  };
-  EXPECT_EQ(order(false), "489326517");
-  EXPECT_EQ(order(true), "715623984");
+  EXPECT_EQ(SortedByValue(values, false), "489326517");
+  EXPECT_EQ(SortedByValue(values, true), "715623984");
 }
 
 // Values kept one byte a unit and two bytes a unit, inside the node and in
@@ -198,18 +202,8 @@ TEST(ParamSort, ValuesOfEveryFormSortByTheirUnits) {
       u"\u00E9", u"\u0100", u"E", u"e", u"abcdefghijkl\u00FF", u"abcdefghijkl\u0100", u"ABCDEFGHIJK",
       u"abcdefghijk\u00FF",
   };
-  CParam node;
-  for (const WString& value : values) node.AppendNumbered()->SetValue(value);
-  const auto order = [&](bool descending) {
-    std::string numbers;
-    for (const CParam* child : std::as_const(node).ListChildren(ParamOrder::ByValue, descending)) {
-      const auto at = std::find(std::begin(values), std::end(values), child->GetValue());
-      numbers += std::to_string(at - std::begin(values) + 1);
-    }
-    return numbers;
-  };
-  EXPECT_EQ(order(false), "75683412");
-  EXPECT_EQ(order(true), "21438657");
+  EXPECT_EQ(SortedByValue(values, false), "75683412");
+  EXPECT_EQ(SortedByValue(values, true), "21438657");
 }
 
 // A copy holds a value of its own, whatever its form, with its kind.
