@@ -6,6 +6,7 @@
 #
 # Usage: test_windows.sh [BUILD_FOLDER] [--e2e]
 set -euo pipefail
+. "$(dirname "$0")/wine_fixed_layout.sh"
 
 build=${1:-build/windows}
 what=${2:-unit}

@@ -7,6 +7,7 @@
 #   packaging/windows/test_install.sh [BUILD]   (default build/windows; run
 #                                               make_dist.sh first)
 set -uo pipefail
+. "$(dirname "$0")/../../scripts/wine_fixed_layout.sh"
 root=$(cd "$(dirname "$0")/../.." && pwd)
 build=$(cd "${1:-$root/build/windows}" && pwd)
 export WINEPREFIX=$build/wineprefix-install WINEDEBUG=-all
