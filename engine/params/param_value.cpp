@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <cstring>
 #include <iterator>
-#include <new>
+
+#include "engine/params/value_blocks.h"
 
 namespace NScrivolt {
 
@@ -50,11 +51,10 @@ CParamValue::CParamValue(const CParamValue& other) {
     std::memcpy(bytes_, other.bytes_, sizeof bytes_);
     return;
   }
-  const std::size_t unitBytes = other.bytes_[0] == kHeapWide ? sizeof(WChar) : 1;
-  const std::size_t blockBytes = sizeof(Block) + other.GetBlock()->length * unitBytes;
-  auto* block = static_cast<Block*>(::operator new(blockBytes));
+  const std::size_t blockBytes = other.BlockBytes();
+  auto* block = static_cast<unsigned char*>(ValueBlocks::Allocate(blockBytes));
   std::memcpy(block, other.GetBlock(), blockBytes);
-  bytes_[0] = other.bytes_[0];
+  std::memcpy(bytes_, other.bytes_, kAddressAt);
   SetBlock(block);
 }
 
@@ -87,19 +87,50 @@ void CParamValue::Assign(WStringView text) {
   }
 }
 
-CParamValue::Block* CParamValue::GetBlock() const {
-  Block* block;
+unsigned char* CParamValue::GetBlock() const {
+  unsigned char* block;
   std::memcpy(&block, bytes_ + kAddressAt, sizeof block);
   return block;
 }
 
-void CParamValue::SetBlock(Block* block) { std::memcpy(bytes_ + kAddressAt, &block, sizeof block); }
+void CParamValue::SetBlock(unsigned char* block) { std::memcpy(bytes_ + kAddressAt, &block, sizeof block); }
 
-const unsigned char* CParamValue::NarrowUnits() const {
-  return OnHeap() ? reinterpret_cast<const unsigned char*>(GetBlock() + 1) : InlineUnits();
+std::size_t CParamValue::KeptLength() const {
+  return std::size_t(bytes_[1]) | std::size_t(bytes_[2]) << 8 | std::size_t(bytes_[3]) << 16;
 }
 
-const WChar* CParamValue::WideUnits() const { return reinterpret_cast<const WChar*>(GetBlock() + 1); }
+std::size_t CParamValue::HeapLength() const {
+  const std::size_t kept = KeptLength();
+  if (kept < kLengthInBlockFrom) return kept;
+  std::size_t length;
+  std::memcpy(&length, GetBlock(), sizeof length);
+  return length;
+}
+
+std::size_t CParamValue::BlockBytes() const {
+  const std::size_t header = KeptLength() < kLengthInBlockFrom ? 0 : sizeof(std::size_t);
+  return header + HeapLength() * UnitBytes();
+}
+
+unsigned char* CParamValue::MakeBlock(std::size_t length) {
+  const std::size_t kept = std::min(length, kLengthInBlockFrom);
+  const std::size_t header = kept < kLengthInBlockFrom ? 0 : sizeof(std::size_t);
+  auto* block = static_cast<unsigned char*>(ValueBlocks::Allocate(header + length * UnitBytes()));
+  if (header != 0) std::memcpy(block, &length, sizeof length);
+  bytes_[1] = static_cast<unsigned char>(kept);
+  bytes_[2] = static_cast<unsigned char>(kept >> 8);
+  bytes_[3] = static_cast<unsigned char>(kept >> 16);
+  SetBlock(block);
+  return block + header;
+}
+
+const unsigned char* CParamValue::BlockUnits() const {
+  return GetBlock() + (KeptLength() < kLengthInBlockFrom ? 0 : sizeof(std::size_t));
+}
+
+const unsigned char* CParamValue::NarrowUnits() const { return OnHeap() ? BlockUnits() : InlineUnits(); }
+
+const WChar* CParamValue::WideUnits() const { return reinterpret_cast<const WChar*>(BlockUnits()); }
 
 // A short text is narrowed and checked in one pass.
 bool CParamValue::StoreInline(WStringView text) {
@@ -117,30 +148,27 @@ bool CParamValue::StoreInline(WStringView text) {
 void CParamValue::Store(WStringView text) {
   if (StoreInline(text)) return;
   const bool narrow = AllNarrow(text);
-  const std::size_t unitBytes = narrow ? 1 : sizeof(WChar);
-  auto* block = static_cast<Block*>(::operator new(sizeof(Block) + text.size() * unitBytes));
-  block->length = text.size();
-  if (narrow) {
-    Narrow(text, reinterpret_cast<unsigned char*>(block + 1));
-  } else {
-    std::memcpy(block + 1, text.data(), text.size() * sizeof(WChar));
-  }
   bytes_[0] = narrow ? kHeapNarrow : kHeapWide;
-  SetBlock(block);
+  unsigned char* units = MakeBlock(text.size());
+  if (narrow) {
+    Narrow(text, units);
+  } else {
+    std::memcpy(units, text.data(), text.size() * sizeof(WChar));
+  }
 }
 
 void CParamValue::FreeBlock() {
-  if (OnHeap()) ::operator delete(GetBlock());
+  if (OnHeap()) ValueBlocks::Free(GetBlock(), BlockBytes());
 }
 
 // Calls visit(units, count) with the units as one-byte or two-byte ones.
 template <typename Visit>
 auto CParamValue::VisitUnits(Visit&& visit) const {
-  if (bytes_[0] == kHeapWide) return visit(WideUnits(), GetBlock()->length);
+  if (bytes_[0] == kHeapWide) return visit(WideUnits(), HeapLength());
   return visit(NarrowUnits(), Size());
 }
 
-std::size_t CParamValue::Size() const { return OnHeap() ? GetBlock()->length : bytes_[0]; }
+std::size_t CParamValue::Size() const { return OnHeap() ? HeapLength() : bytes_[0]; }
 
 WChar CParamValue::At(std::size_t position) const {
   return VisitUnits([position](const auto* units, std::size_t) { return WChar(units[position]); });
@@ -165,7 +193,7 @@ void CParamValue::AppendTo(WString& out) const {
     return;
   }
   if (bytes_[0] == kHeapWide) {
-    out.append(WideUnits(), GetBlock()->length);
+    out.append(WideUnits(), HeapLength());
     return;
   }
   const unsigned char* units = NarrowUnits();
@@ -180,14 +208,14 @@ void CParamValue::AppendTo(WString& out) const {
 }
 
 WStringView CParamValue::ViewIn(WString& scratch) const {
-  if (bytes_[0] == kHeapWide) return WStringView(WideUnits(), GetBlock()->length);
+  if (bytes_[0] == kHeapWide) return WStringView(WideUnits(), HeapLength());
   scratch.clear();
   AppendTo(scratch);
   return scratch;
 }
 
 WStringView CParamValue::PieceIn(std::size_t from, WString& scratch) const {
-  if (bytes_[0] == kHeapWide) return WStringView(WideUnits(), GetBlock()->length).substr(from);
+  if (bytes_[0] == kHeapWide) return WStringView(WideUnits(), HeapLength()).substr(from);
   const std::size_t count = std::min(Size() - from, kPieceUnits);
   scratch.resize(count);
   Widen(NarrowUnits() + from, count, &scratch[0]);

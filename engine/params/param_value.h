@@ -3,9 +3,12 @@
 // Forms (the first byte tells which):
 // - short and narrow: up to kInlineUnits units, each below 0x100, one byte
 //   each inside the value itself; the first byte is the length;
-// - long and narrow: every unit below 0x100, one byte each, in a heap block
-//   of its own (the length first, then the units);
-// - wide: a unit of 0x100 or more somewhere, two bytes each in a heap block.
+// - long and narrow: every unit below 0x100, one byte each, in a block of
+//   its own (see ValueBlocks);
+// - wide: a unit of 0x100 or more somewhere, two bytes each in a block.
+// The length of a value in a block is kept in the value up to
+// kLengthInBlockFrom, so a block holds only the units; a value that long or
+// longer keeps its length at the start of its block.
 // Almost all data (and all of ASCII and Latin-1) is narrow, so a value takes
 // half the bytes a UTF-16 text would, and one of up to 11 units no block.
 // The value is 12 bytes aligned to 4, so a node can place 4 bytes of small
@@ -25,6 +28,7 @@ class alignas(4) CParamValue {
  public:
   static constexpr std::size_t kInlineUnits = 11;
   static constexpr std::size_t kPieceUnits = 4096;
+  static constexpr std::size_t kLengthInBlockFrom = 0xFFFFFF;
 
   CParamValue() = default;
   explicit CParamValue(WStringView text) { Store(text); }
@@ -59,15 +63,20 @@ class alignas(4) CParamValue {
 
  private:
   enum Form : std::uint8_t { kHeapNarrow = 0x80, kHeapWide = 0x81 };
-  // The block of a heap form: the length, then the units.
-  struct Block {
-    std::size_t length;
-  };
 
   bool OnHeap() const { return bytes_[0] >= kHeapNarrow; }
+  std::size_t UnitBytes() const { return bytes_[0] == kHeapWide ? 2 : 1; }
   const unsigned char* InlineUnits() const { return bytes_ + 1; }
-  Block* GetBlock() const;
-  void SetBlock(Block* block);
+  unsigned char* GetBlock() const;
+  void SetBlock(unsigned char* block);
+  // The length kept in bytes 1..3: the value's, or kLengthInBlockFrom.
+  std::size_t KeptLength() const;
+  std::size_t HeapLength() const;
+  std::size_t BlockBytes() const;
+  // A new block for `length` units of the form in bytes_[0], with the length
+  // written down; returns where its units go.
+  unsigned char* MakeBlock(std::size_t length);
+  const unsigned char* BlockUnits() const;
   const unsigned char* NarrowUnits() const;
   const WChar* WideUnits() const;
   bool StoreInline(WStringView text);
@@ -76,8 +85,8 @@ class alignas(4) CParamValue {
   template <typename Visit>
   auto VisitUnits(Visit&& visit) const;
 
-  // [0] the form or the short length; [1..11] short units, or [4..11] the
-  // block's address.
+  // [0] the form or the short length; [1..11] short units, or [1..3] the
+  // length of a block's units and [4..11] the block's address.
   unsigned char bytes_[12] = {};
 };
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "engine/params/param_value.h"
+#include "engine/params/value_blocks.h"
 #include "text/base/utf8.h"
 
 namespace NScrivolt {
@@ -140,6 +141,38 @@ TEST(ParamValue, ChangesFormWhenANewTextNeedsAnother) {
   for (auto text = FormBoundaries().rbegin(); text != FormBoundaries().rend(); ++text) {
     value.Assign(*text);
     EXPECT_EQ(value.ToString(), *text);
+  }
+}
+
+// Lengths on both sides of the largest pooled block and of the longest
+// length kept in the value itself, narrow and wide: each keeps its units,
+// its copies are whole, and a change to another length leaves the copy.
+TEST(ParamValue, KeepsItsLengthAcrossTheBlockBoundaries) {
+  struct Case {
+    std::size_t length;
+    WChar unit;
+  };
+  constexpr std::size_t kPooled = ValueBlocks::kPooledBytes;
+  constexpr std::size_t kKept = CParamValue::kLengthInBlockFrom;
+  const Case cases[] = {
+      {kPooled, u'n'},   {kPooled + 1, u'n'}, {kPooled / 2, WChar(0x100)}, {kPooled / 2 + 1, WChar(0x100)},
+      {kKept - 1, u'n'}, {kKept, u'n'},       {kKept + 1, u'n'},           {kKept, WChar(0x3042)},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.length);
+    WString text(c.length, c.unit);
+    text.back() = u'z';  // the last unit tells a cut-off value
+    CParamValue value(text);
+    EXPECT_EQ(value.Size(), c.length);
+    EXPECT_EQ(value.At(c.length - 1), u'z');
+    const CParamValue copy(value);
+    EXPECT_TRUE(copy.Equals(text));
+    value.Assign(WString(c.length + 1, c.unit));
+    EXPECT_EQ(value.Size(), c.length + 1);
+    EXPECT_TRUE(copy.Equals(text));
+    value.Assign(u"short");
+    EXPECT_EQ(value.ToString(), u"short");
+    EXPECT_EQ(copy.ToString(), text);
   }
 }
 
