@@ -44,6 +44,18 @@ class CRefCounter<T*> {
   // The number of holders sharing the object (0 for an empty holder).
   std::size_t UseCount() const noexcept { return block_ != nullptr ? block_->count : 0; }
 
+  // The holder's share as a bare address, at least 8-byte aligned, for an
+  // owner that keeps it in a word of its own; the holder is empty
+  // afterwards. Adopt makes a holder of such a share again, ObjectAt reads
+  // the object through it.
+  void* ReleaseAddress() noexcept { return std::exchange(block_, nullptr); }
+  static CRefCounter Adopt(void* address) noexcept {
+    CRefCounter holder;
+    holder.block_ = static_cast<Block*>(address);
+    return holder;
+  }
+  static T* ObjectAt(void* address) noexcept { return &static_cast<Block*>(address)->object; }
+
   // Lets go of the object; the holder is empty afterwards.
   void Reset() noexcept {
     Block* block = std::exchange(block_, nullptr);
@@ -52,7 +64,7 @@ class CRefCounter<T*> {
 
  private:
   // The count and the object share one allocation.
-  struct Block {
+  struct alignas(8) Block {
     template <class... Args>
     explicit Block(Args&&... args) : object(std::forward<Args>(args)...) {}
     std::size_t count = 1;

@@ -18,28 +18,22 @@ void* CParam::operator new(std::size_t) {
 void CParam::operator delete(void* node) { PoolFor<CParam>().Free(node); }
 
 CParam::CParam(const CParam& other)
-    : keyTag_(other.keyTag_),
+    : index_(std::uint32_t(other.IndexAsKept())),
       numbered_(other.numbered_),
-      valueKind_(other.valueKind_),
-      automaticHigh_(other.automaticHigh_),
       value_(other.value_),
-      id_(other.HasAutomaticName() ? CParamIdShare() : other.id_),
-      automaticLow_(other.automaticLow_),
-      index_(other.IndexAsKept()),
+      name_(other.name_),
       children_(other.children_) {
   if (children_ != nullptr) children_->AddRef();
 }
 
-// Only a node given a name keeps its id: a numbered one is named later.
+// Only a node given a name keeps its id: a numbered one is named later. The
+// position is written when a list takes the node.
 CParam::CParam(CParamId&& id)
-    : numbered_(id.numbered), valueKind_(std::uint8_t(ValueKind::Text)), index_(id.index) {
-  if (id.numbered) return;
-  keyTag_ = KeyTag(id.key);
-  id_ = CParamIdShare::Make(std::move(id));
-}
+    : index_(0),
+      numbered_(id.numbered),
+      name_(id.numbered ? CParamName() : CParamName(CParamIdShare::Make(std::move(id)))) {}
 
-CParam::CParam(const CParamIdShare& id)
-    : keyTag_(KeyTag(id->key)), numbered_(0), valueKind_(std::uint8_t(ValueKind::Text)), id_(id), index_(id->index) {}
+CParam::CParam(const CParamIdShare& id) : index_(0), numbered_(0), name_(id) {}
 
 CParam::~CParam() { CParamChildList::Release(children_, this); }
 
@@ -47,22 +41,17 @@ void CParam::SetValueNumber(std::int32_t value) { SetValue(IntegerToText(value))
 
 std::int32_t CParam::IndexAsKept() const {
   if (container_ != nullptr && container_->IndexPending(*this)) container_->Normalize();
-  return index_;
+  return std::int32_t(index_);
 }
 
 // An id shared with other nodes is never changed: the node takes a copy of
 // its own before it writes its position into it.
 const CParamId& CParam::GetId() const {
   const std::int32_t index = IndexAsKept();
-  if (!id_) id_ = CParamIdShare::Make();
-  if (id_.UseCount() > 1) id_ = CParamIdShare::Make(*id_);
-  if (HasAutomaticName() && id_->key.empty()) {
-    id_->name = AutomaticName(AutomaticNumber());
-    id_->key = AutomaticKey(AutomaticNumber());
-  }
-  id_->index = index;
-  id_->numbered = numbered_;
-  return *id_;
+  CParamId& id = name_.OwnId();
+  id.index = index;
+  id.numbered = numbered_;
+  return id;
 }
 
 WStringView CParam::KeyIn(AutomaticKeyBuffer& buffer) const {
@@ -112,15 +101,9 @@ CParamChildList* CParam::TakeChildren() {
 // No other automatic name can have the new number, but a sibling given a
 // name of that form can.
 void CParam::NameAutomatically(CParamChildList& siblings) {
-  id_.Reset();
   do {
-    SetAutomaticNumber(NextAutomaticNumber());
+    name_.SetAutomatic(NextAutomaticNumber());
   } while (siblings.HasNamedChildWithAutomaticKey(AutomaticNumber()));
-}
-
-void CParam::SetAutomaticNumber(std::uint64_t number) {
-  automaticLow_ = std::uint32_t(number);
-  automaticHigh_ = std::uint8_t(number >> 32);
 }
 
 CParam* CParam::AppendNumbered() {
@@ -277,7 +260,6 @@ void CParam::CopyFrom(const CParam& source) {
   CParam snapshot(source);
   if (IsDescendantOf(source)) snapshot.SeparatePathTo(*this, source);
   value_ = std::move(snapshot.value_);
-  valueKind_ = snapshot.valueKind_;
   ReplaceChildren(snapshot.TakeChildren());
 }
 

@@ -44,8 +44,8 @@
 //   0x100, short ones inside the node. Readers that only append, compare or
 //   encode it read it through Value() in that form; GetValue() widens it.
 //
-// - A node is 48 bytes: pools hand out millions of them, and every byte of
-//   the node costs a decoded million-row file a megabyte.
+// - A node is 40 bytes: pools hand out millions of them, and every byte of
+//   the node costs a decoded million-row file several megabytes.
 //
 // - Nothing recurses over the depth of a tree: the last share of a list
 //   destroys its subtree with an explicit stack, and copying is O(1).
@@ -65,6 +65,7 @@
 
 #include "engine/params/param_automatic_name.h"
 #include "engine/params/param_id.h"
+#include "engine/params/param_name.h"
 #include "engine/params/param_order.h"
 #include "engine/params/param_value.h"
 #include "text/base/wide_string.h"
@@ -73,20 +74,9 @@ namespace NScrivolt {
 
 class CParamChildList;
 
-// What a value stands for beyond its text, for the data formats that tell
-// a number or an empty collection apart from a text. Every change of the
-// value makes it plain Text again.
-enum class ValueKind : std::uint8_t {
-  Text,         // text (every value set by a template)
-  Literal,      // a number, true or false, the value being the literal as written
-  Null,         // null; the value is empty
-  EmptyObject,  // an object without members; no value, no children
-  EmptyArray,   // an array without elements; no value, no children
-};
-
 class CParam final {
  public:
-  CParam() : numbered_(1), valueKind_(std::uint8_t(ValueKind::Text)) {}
+  CParam() : index_(0), numbered_(1) {}
   // A free-standing node with the other's value and id and a share of its
   // children.
   CParam(const CParam& other);
@@ -105,20 +95,17 @@ class CParam final {
   void AppendValueTo(WString& out) const { value_.AppendTo(out); }
   void SetValue(WStringView value) { SetValue(value, ValueKind::Text); }
   // Sets the value and says what it stands for.
-  void SetValue(WStringView value, ValueKind kind) {
-    value_.Assign(value);
-    valueKind_ = std::uint8_t(kind);
-  }
-  ValueKind GetValueKind() const { return ValueKind(valueKind_); }
+  void SetValue(WStringView value, ValueKind kind) { value_.Assign(value, kind); }
+  ValueKind GetValueKind() const { return value_.Kind(); }
   // The number in plain decimal, "-" before negatives.
   void SetValueNumber(std::int32_t value);
   const CParamId& GetId() const;
   // The display name and the key alone; unlike GetId, they leave an id
   // shared with other nodes shared. Valid while the node keeps its name.
-  WStringView GetName() const { return HasAutomaticName() || !id_ ? WStringView(GetId().name) : id_->name; }
-  WStringView GetKey() const { return HasAutomaticName() || !id_ ? WStringView(GetId().key) : id_->key; }
+  WStringView GetName() const { return name_.Given() != nullptr ? WStringView(name_.Given()->name) : GetId().name; }
+  WStringView GetKey() const { return name_.Given() != nullptr ? WStringView(name_.Given()->key) : GetId().key; }
   // True for a child made by number, and for one whose name was taken.
-  bool HasAutomaticName() const { return automaticLow_ != 0 || automaticHigh_ != 0; }
+  bool HasAutomaticName() const { return name_.IsAutomatic(); }
   std::size_t Count() const;
   // asNumber: "#" and the 1-based number; otherwise the display name.
   static WString IdText(const CParamId& id, bool asNumber);
@@ -198,14 +185,13 @@ class CParam final {
   // The position among the siblings, up to date.
   std::int32_t IndexAsKept() const;
   // The key of a node given a name; empty for an automatic name.
-  WStringView GivenKey() const { return id_ ? WStringView(id_->key) : WStringView(); }
+  WStringView GivenKey() const { return name_.GivenKey(); }
   // In line: lookups in short lists call it for every child.
   bool HasKey(const CKeyLookup& lookup) const {
     return HasAutomaticName() ? AutomaticNumber() == lookup.automaticNumber : GivenKey() == lookup.key;
   }
   // The number of an automatic name; 0 for a name given.
-  std::uint64_t AutomaticNumber() const { return std::uint64_t(automaticHigh_) << 32 | automaticLow_; }
-  void SetAutomaticNumber(std::uint64_t number);
+  std::uint64_t AutomaticNumber() const { return name_.AutomaticNumber(); }
   // The key, written into `buffer` when it is an automatic one.
   WStringView KeyIn(AutomaticKeyBuffer& buffer) const;
   // The position a 0-based index names: negative ones count from the end.
@@ -217,28 +203,20 @@ class CParam final {
   bool IsDescendantOf(const CParam& node) const;
   void SeparatePathTo(const CParam& descendant, const CParam& source);
 
-  // The first 16 bytes: the small fields, then the value, whose block
-  // address so lies on an 8-byte boundary.
-  std::uint16_t keyTag_ = 0;        // KeyTag of the given key, for the list's tags
-  std::uint8_t numbered_ : 1;       // made by number
-  std::uint8_t valueKind_ : 3;      // a ValueKind
-  std::uint8_t automaticHigh_ = 0;  // bits 32..39 of the automatic number
+  // The first 16 bytes: the position, then the value, whose block address
+  // so lies on an 8-byte boundary.
+  std::uint32_t index_ : 31;    // position among the siblings (see CParamChildList)
+  std::uint32_t numbered_ : 1;  // made by number
   CParamValue value_;
-  // Name and key of a node given a name, shared with the node's copies and
-  // the nodes a decoder made of the same name. Empty for an automatic name
-  // until GetId writes it out, which also brings the copies of index_ and
-  // numbered_ in it up to date (in an id of the node's own).
-  mutable CParamIdShare id_;
-  // Bits 0..31 of the number of an automatic name (see AutomaticNumber;
-  // the process's counter stays below 2^40); 0 with automaticHigh_ for a
-  // name given.
-  std::uint32_t automaticLow_ = 0;
-  std::int32_t index_ = 0;  // position among the siblings (see CParamChildList)
+  // Given name, automatic number or none. A copy of the node shares a
+  // given name; GetId writes an automatic name out, and makes a given one
+  // the node's own before it writes the position into it.
+  mutable CParamName name_;
   CParamChildList* children_ = nullptr;   // shared; null without children
   CParamChildList* container_ = nullptr;  // the list holding this node; null for a root
 };
 
-static_assert(sizeof(CParam) == 48, "a node is 48 bytes: see the design notes");
+static_assert(sizeof(CParam) == 40, "a node is 40 bytes: see the design notes");
 
 // Owns the root of one parameter tree. A copy takes a share of the whole
 // tree in O(1); changes to either side stay on that side.

@@ -41,9 +41,9 @@ WStringView AutomaticKeyIn(std::uint64_t number, AutomaticKeyBuffer& buffer);
 std::uint64_t AutomaticNumberIn(WStringView key);
 
 // A short digest of a key (its length and its first and last units), kept
-// in every node given a name, so a scan of a short list compares keys only
-// where the digests agree and does not reach for the key text of every
-// sibling. The empty key has the digest 0.
+// by a short list for each of its children given a name, so a scan compares
+// keys only where the digests agree and does not reach for the key text of
+// every sibling. The empty key has the digest 0.
 inline std::uint16_t KeyTag(WStringView key) {
   if (key.empty()) return 0;
   return std::uint16_t((key.size() << 11) ^ (std::uint32_t(key.front()) << 5) ^ key.back());
@@ -54,9 +54,7 @@ inline std::uint16_t KeyTag(WStringView key) {
 // by their first unit, without a call.
 struct CKeyLookup {
   explicit CKeyLookup(WStringView text)
-      : key(text),
-        automaticNumber(!text.empty() && text[0] == u'p' ? AutomaticNumberIn(text) : 0),
-        tag(KeyTag(text)) {}
+      : key(text), automaticNumber(!text.empty() && text[0] == u'p' ? AutomaticNumberIn(text) : 0), tag(KeyTag(text)) {}
 
   WStringView key;
   std::uint64_t automaticNumber;

@@ -73,7 +73,7 @@ CParam* CParamChildList::FindKey(WStringView key) {
 }
 
 std::uint8_t CParamChildList::TagOf(const CParam& node) {
-  return node.HasAutomaticName() ? kAutomaticTag : Fold(node.keyTag_);
+  return node.HasAutomaticName() ? kAutomaticTag : Fold(KeyTag(node.GivenKey()));
 }
 
 // Names of that form are rare, so the lookup is seldom needed.

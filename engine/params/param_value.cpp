@@ -79,12 +79,13 @@ CParamValue& CParamValue::operator=(CParamValue&& other) noexcept {
 // A value without a block is overwritten in place (no text can lie in its
 // bytes); one with a block gets the new units before the block is freed, as
 // `text` may lie in it.
-void CParamValue::Assign(WStringView text) {
+void CParamValue::Assign(WStringView text, ValueKind kind) {
   if (OnHeap()) {
     *this = CParamValue(text);
   } else {
     Store(text);
   }
+  bytes_[0] = static_cast<unsigned char>(bytes_[0] | std::uint8_t(kind) << kKindShift);
 }
 
 unsigned char* CParamValue::GetBlock() const {
@@ -164,11 +165,11 @@ void CParamValue::FreeBlock() {
 // Calls visit(units, count) with the units as one-byte or two-byte ones.
 template <typename Visit>
 auto CParamValue::VisitUnits(Visit&& visit) const {
-  if (bytes_[0] == kHeapWide) return visit(WideUnits(), HeapLength());
+  if (Wide()) return visit(WideUnits(), HeapLength());
   return visit(NarrowUnits(), Size());
 }
 
-std::size_t CParamValue::Size() const { return OnHeap() ? HeapLength() : bytes_[0]; }
+std::size_t CParamValue::Size() const { return OnHeap() ? HeapLength() : FormByte(); }
 
 WChar CParamValue::At(std::size_t position) const {
   return VisitUnits([position](const auto* units, std::size_t) { return WChar(units[position]); });
@@ -188,11 +189,12 @@ WString CParamValue::ToString() const {
 void CParamValue::AppendTo(WString& out) const {
   if (!OnHeap()) {
     WChar units[kInlineUnits];
-    for (std::size_t i = 0; i < bytes_[0]; ++i) units[i] = InlineUnits()[i];
-    out.append(units, bytes_[0]);
+    const std::size_t count = FormByte();
+    for (std::size_t i = 0; i < count; ++i) units[i] = InlineUnits()[i];
+    out.append(units, count);
     return;
   }
-  if (bytes_[0] == kHeapWide) {
+  if (Wide()) {
     out.append(WideUnits(), HeapLength());
     return;
   }
@@ -208,14 +210,14 @@ void CParamValue::AppendTo(WString& out) const {
 }
 
 WStringView CParamValue::ViewIn(WString& scratch) const {
-  if (bytes_[0] == kHeapWide) return WStringView(WideUnits(), HeapLength());
+  if (Wide()) return WStringView(WideUnits(), HeapLength());
   scratch.clear();
   AppendTo(scratch);
   return scratch;
 }
 
 WStringView CParamValue::PieceIn(std::size_t from, WString& scratch) const {
-  if (bytes_[0] == kHeapWide) return WStringView(WideUnits(), HeapLength()).substr(from);
+  if (Wide()) return WStringView(WideUnits(), HeapLength()).substr(from);
   const std::size_t count = std::min(Size() - from, kPieceUnits);
   scratch.resize(count);
   Widen(NarrowUnits() + from, count, &scratch[0]);

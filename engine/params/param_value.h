@@ -1,8 +1,9 @@
 // CParamValue: the text value of a parameter, held compactly inside the node.
 //
-// Forms (the first byte tells which):
+// Forms (the first byte tells which, beside the value's kind):
 // - short and narrow: up to kInlineUnits units, each below 0x100, one byte
-//   each inside the value itself; the first byte is the length;
+//   each inside the value itself; the first byte's low four bits are the
+//   length;
 // - long and narrow: every unit below 0x100, one byte each, in a block of
 //   its own (see ValueBlocks);
 // - wide: a unit of 0x100 or more somewhere, two bytes each in a block.
@@ -24,6 +25,17 @@
 
 namespace NScrivolt {
 
+// What a value stands for beyond its text, for the data formats that tell
+// a number or an empty collection apart from a text. Every change of the
+// value makes it plain Text again.
+enum class ValueKind : std::uint8_t {
+  Text,         // text (every value set by a template)
+  Literal,      // a number, true or false, the value being the literal as written
+  Null,         // null; the value is empty
+  EmptyObject,  // an object without members; no value, no children
+  EmptyArray,   // an array without elements; no value, no children
+};
+
 class alignas(4) CParamValue {
  public:
   static constexpr std::size_t kInlineUnits = 11;
@@ -39,10 +51,11 @@ class alignas(4) CParamValue {
   ~CParamValue() { FreeBlock(); }
 
   // `text` may be a view of this value's own units (its wide form).
-  void Assign(WStringView text);
+  void Assign(WStringView text, ValueKind kind = ValueKind::Text);
+  ValueKind Kind() const { return ValueKind((bytes_[0] & kKindBits) >> kKindShift); }
 
   std::size_t Size() const;
-  bool Empty() const { return bytes_[0] == 0; }
+  bool Empty() const { return (bytes_[0] & kFormBits) == 0; }
   // The unit at `position`, which must be below Size().
   WChar At(std::size_t position) const;
 
@@ -62,10 +75,17 @@ class alignas(4) CParamValue {
   bool EqualsIgnoringCase(WStringView text) const;
 
  private:
+  // The first byte: the form (or the short length) in kFormBits, the kind
+  // in kKindBits.
   enum Form : std::uint8_t { kHeapNarrow = 0x80, kHeapWide = 0x81 };
+  static constexpr std::uint8_t kFormBits = 0x8F;
+  static constexpr std::uint8_t kKindBits = 0x70;
+  static constexpr int kKindShift = 4;
 
-  bool OnHeap() const { return bytes_[0] >= kHeapNarrow; }
-  std::size_t UnitBytes() const { return bytes_[0] == kHeapWide ? 2 : 1; }
+  std::uint8_t FormByte() const { return bytes_[0] & kFormBits; }
+  bool OnHeap() const { return (bytes_[0] & kHeapNarrow) != 0; }
+  bool Wide() const { return FormByte() == kHeapWide; }
+  std::size_t UnitBytes() const { return Wide() ? 2 : 1; }
   const unsigned char* InlineUnits() const { return bytes_ + 1; }
   unsigned char* GetBlock() const;
   void SetBlock(unsigned char* block);
@@ -73,7 +93,7 @@ class alignas(4) CParamValue {
   std::size_t KeptLength() const;
   std::size_t HeapLength() const;
   std::size_t BlockBytes() const;
-  // A new block for `length` units of the form in bytes_[0], with the length
+  // A new block for `length` units of the form in the first byte, with the length
   // written down; returns where its units go.
   unsigned char* MakeBlock(std::size_t length);
   const unsigned char* BlockUnits() const;
@@ -85,7 +105,7 @@ class alignas(4) CParamValue {
   template <typename Visit>
   auto VisitUnits(Visit&& visit) const;
 
-  // [0] the form or the short length; [1..11] short units, or [1..3] the
+  // [0] the form or the short length, and the kind; [1..11] short units, or [1..3] the
   // length of a block's units and [4..11] the block's address.
   unsigned char bytes_[12] = {};
 };

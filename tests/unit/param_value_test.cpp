@@ -176,5 +176,33 @@ TEST(ParamValue, KeepsItsLengthAcrossTheBlockBoundaries) {
   }
 }
 
+// The kind shares the first byte with the form: on every form it reads back
+// as set, leaves the units alone, goes along with a copy, and a change of
+// the text makes it Text again.
+TEST(ParamValue, KeepsItsKindApartFromItsUnits) {
+  const ValueKind kinds[] = {ValueKind::Text, ValueKind::Literal, ValueKind::Null, ValueKind::EmptyObject,
+                             ValueKind::EmptyArray};
+  for (const WString& text : FormBoundaries()) {
+    for (ValueKind kind : kinds) {
+      SCOPED_TRACE(int(kind));
+      CParamValue value;
+      value.Assign(text, kind);
+      EXPECT_EQ(value.Kind(), kind);
+      EXPECT_EQ(value.Size(), text.size());
+      EXPECT_EQ(value.Empty(), text.empty());
+      EXPECT_EQ(value.ToString(), text);
+      const CParamValue copy(value);
+      EXPECT_EQ(copy.Kind(), kind);
+      EXPECT_EQ(copy.ToString(), text);
+      value.Assign(text);
+      EXPECT_EQ(value.Kind(), ValueKind::Text);
+      CParamValue moved(std::move(value));
+      EXPECT_EQ(moved.Kind(), ValueKind::Text);
+      EXPECT_EQ(value.Kind(), ValueKind::Text);  // NOLINT(bugprone-use-after-move): moved-from is empty
+      EXPECT_TRUE(value.Empty());
+    }
+  }
+}
+
 }  // namespace
 }  // namespace NScrivolt
