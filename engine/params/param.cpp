@@ -5,6 +5,7 @@
 
 #include "engine/params/fixed_size_pool.h"
 #include "engine/params/param_child_list.h"
+#include "engine/params/param_path.h"
 
 namespace NScrivolt {
 
@@ -242,6 +243,19 @@ const CParam* CParam::FindParam(const CParamQualifier& qualifier) const {
 
 CParam* CParam::FindParam(const CParamQualifier& qualifier, bool create) {
   return Walk(qualifier.data(), qualifier.data() + qualifier.size(), create);
+}
+
+const CParam* CParam::FindParam(const CParamPath& path) const {
+  const CParamQualifier& components = path.Components();
+  const CParam* node = this;
+  for (std::size_t i = 0; node != nullptr && i < components.size(); ++i) {
+    if (components[i].numbered) {
+      node = node->GetByNumber(components[i].index);
+    } else {
+      node = node->children_ != nullptr ? node->children_->FindKey(path.Key(i)) : nullptr;
+    }
+  }
+  return node;
 }
 
 bool CParam::ParamExists(const CParamQualifier& qualifier) const {

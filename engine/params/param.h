@@ -72,6 +72,7 @@
 namespace NScrivolt {
 
 class CParamChildList;
+class CParamPath;
 
 // What a value stands for beyond its text, for the data formats that tell
 // a number or an empty collection apart from a text. Every change of the
@@ -156,6 +157,8 @@ class CParam final {
   // With `create` every missing step is made.
   CParam* FindParam(const CParamQualifier& qualifier, bool create = false);
   const CParam* FindParam(const CParamQualifier& qualifier) const;
+  // As FindParam, with the keys of the named components prepared.
+  const CParam* FindParam(const CParamPath& path) const;
   bool ParamExists(const CParamQualifier& qualifier) const;
   // Removes the node the qualifier names, if it exists; the later siblings
   // move down one number. An empty qualifier names this node itself, which
