@@ -198,9 +198,16 @@ const CParam* CParam::GetChild(const CParamId& id) const {
   return id.numbered ? GetByNumber(id.index) : FindKey(id.key);
 }
 
+// A list no other node shares is already this node's own: the child found
+// is the one to hand out, without a second lookup.
 CParam* CParam::GetChild(const CParamId& id, bool create) {
   if (id.numbered) return GetByNumber(id.index, create);
-  if (FindKey(id.key) == nullptr) return create ? AppendNamed(CParamId(id)) : nullptr;
+  const CParam* found = FindKey(id.key);
+  if (found == nullptr) return create ? AppendNamed(CParamId(id)) : nullptr;
+  if (!children_->Shared()) {
+    children_->SetOwner(this);
+    return const_cast<CParam*>(found);
+  }
   return OwnChildren()->FindKey(id.key);
 }
 
