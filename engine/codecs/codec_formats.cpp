@@ -40,7 +40,7 @@ CErrorText EncodeInfallible(const CParam& source, WString& output) {
 const CCodecFormat kFormats[] = {
     {u"xml", XmlEncode, XmlDecode, nullptr, nullptr},
     {u"xmltree", nullptr, nullptr, EncodeXmlTree, DecodeView<DecodeXmlTree>},
-    {u"html", HtmlEncode, HtmlDecode, nullptr, nullptr, AppendHtmlEncoded},
+    {u"html", HtmlEncode, HtmlDecode, nullptr, nullptr, AppendHtmlEncoded, AppendHtmlEncoded},
     {u"url", UrlEncode, UrlDecode, nullptr, nullptr},
     {u"urlparams", nullptr, nullptr, EncodeInfallible<EncodeUrlParams>, DecodeInfallible<DecodeUrlParams>},
     {u"csv", CsvFieldEncode, CsvFieldDecode, nullptr, nullptr},

@@ -1,6 +1,8 @@
 // The format keywords of encode and decode and the conversion behind each.
 #pragma once
 
+#include <cstddef>
+
 #include "engine/codecs/decoded_text.h"
 #include "engine/params/param.h"
 #include "text/base/wide_string.h"
@@ -21,6 +23,9 @@ struct CCodecFormat {
   // It encodes each unit on its own, so a text handed over in pieces cut
   // anywhere but inside a surrogate pair comes out as the whole text would.
   void (*appendEncodedText)(WStringView text, WString& output) = nullptr;
+  // Where a text format has it: appendEncodedText for a text whose units
+  // are all below 0x100, held one byte each (a narrow parameter value).
+  void (*appendEncodedNarrow)(const unsigned char* units, std::size_t count, WString& output) = nullptr;
 
   bool IsStructured() const { return encodeTree != nullptr; }
 };

@@ -62,6 +62,49 @@ void AppendHtmlEncoded(WStringView text, WString& output) {
   output.append(text, plainFrom, WStringView::npos);
 }
 
+namespace {
+
+// The entity HTML encoding writes for a unit below 0x100; empty for one it
+// copies.
+constexpr std::array<WStringView, 256> MakeHtmlEntities() {
+  std::array<WStringView, 256> entities{};
+  entities[u'&'] = u"&amp;";
+  entities[u'<'] = u"&lt;";
+  entities[u'>'] = u"&gt;";
+  entities[u'"'] = u"&quot;";
+  return entities;
+}
+
+constexpr std::array<WStringView, 256> kHtmlEntities = MakeHtmlEntities();
+
+// Room for a block of output units and the longest entity after it.
+constexpr std::size_t kNarrowBlockUnits = 256;
+constexpr std::size_t kLongestEntity = 6;
+
+}  // namespace
+
+// The units are widened and encoded in one pass into a local block, which
+// goes to `output` whenever it is nearly full: no widened copy of the text
+// is made first.
+void AppendHtmlEncoded(const unsigned char* units, std::size_t count, WString& output) {
+  WChar block[kNarrowBlockUnits + kLongestEntity];
+  std::size_t filled = 0;
+  for (std::size_t i = 0; i < count; ++i) {
+    const WStringView entity = kHtmlEntities[units[i]];
+    if (entity.empty()) {
+      block[filled++] = units[i];
+    } else {
+      entity.copy(block + filled, entity.size());
+      filled += entity.size();
+    }
+    if (filled >= kNarrowBlockUnits) {
+      output.append(block, filled);
+      filled = 0;
+    }
+  }
+  output.append(block, filled);
+}
+
 WString HtmlEncode(WStringView text) {
   WString result;
   result.reserve(text.size());

@@ -8,6 +8,8 @@
 // them can fail, and each takes time linear in the length of the text.
 #pragma once
 
+#include <cstddef>
+
 #include "text/base/wide_string.h"
 
 namespace NScrivolt {
@@ -20,6 +22,8 @@ WString XmlDecode(WStringView text);
 WString HtmlEncode(WStringView text);
 // HtmlEncode appending to `output`: the plain runs go over in one piece.
 void AppendHtmlEncoded(WStringView text, WString& output);
+// The same for a text whose units are all below 0x100, held one byte each.
+void AppendHtmlEncoded(const unsigned char* units, std::size_t count, WString& output);
 WString HtmlDecode(WStringView text);
 
 // Each unit that is a control, the space, or one of "\"#$%&+,/:;<=>?@[\]^`{|}~",

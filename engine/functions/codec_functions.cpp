@@ -111,8 +111,12 @@ CErrorText CFunctionEncode::Execute(CProcessContext& context, WString& output) {
   if (!errorText.empty()) return errorText;
 
   if (format == nullptr) return UnknownOptionError(*for_, keyword);
-  if (format->appendEncodedText != nullptr) {
-    AppendEncodedInPieces(*format, what->Value(), scratch_, output);
+  const CParamValue& value = what->Value();
+  const unsigned char* narrow = value.NarrowData();
+  if (narrow != nullptr && format->appendEncodedNarrow != nullptr) {
+    format->appendEncodedNarrow(narrow, value.Size(), output);
+  } else if (format->appendEncodedText != nullptr) {
+    AppendEncodedInPieces(*format, value, scratch_, output);
   } else if (!format->IsStructured()) {
     output += format->encodeText(what->Value().ViewIn(scratch_));
   } else {

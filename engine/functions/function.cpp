@@ -5,6 +5,7 @@
 
 #include "engine/syntax/char_class.h"
 #include "engine/syntax/error_report.h"
+#include "engine/params/param_path.h"
 #include "engine/params/param_qualifier.h"
 #include "engine/process.h"
 #include "engine/process_context.h"
@@ -45,34 +46,36 @@ namespace {
 
 // A reference written as a constant (a quoted text or a reference), parsed
 // on the part's first evaluation.
-class CConstantQualifier : public CPartCache {
+class CConstantPath : public CPartCache {
  public:
-  CParamQualifier qualifier;
+  CParamPath path;
 };
 
 // The reference the constant value of an ArgText or ArgReference part names:
 // parsed once and kept in the part, since its text never changes. A text
 // that is no reference is parsed again each time, so that the error names
 // the argument as the caller does.
-CErrorText ConstantQualifier(const CParsePart& part, WStringView argName, const CParamQualifier*& qualifier) {
-  if (const auto* cached = static_cast<const CConstantQualifier*>(part.Cache())) {
-    qualifier = &cached->qualifier;
+CErrorText ConstantPath(const CParsePart& part, WStringView argName, const CParamPath*& path) {
+  if (const auto* cached = static_cast<const CConstantPath*>(part.Cache())) {
+    path = &cached->path;
     return CErrorText();
   }
-  auto parsed = std::make_unique<CConstantQualifier>();
-  CErrorText errorText = ParseQualifier(part.Value(), argName, part, parsed->qualifier);
+  CParamQualifier qualifier;
+  CErrorText errorText = ParseQualifier(part.Value(), argName, part, qualifier);
   if (!errorText.empty()) return errorText;
-  qualifier = &parsed->qualifier;
+  auto parsed = std::make_unique<CConstantPath>();
+  parsed->path.Assign(std::move(qualifier));
+  path = &parsed->path;
   part.SetCache(std::move(parsed));
   return errorText;
 }
 
 // The parameter an ArgReference part names, or null with the error set.
 const CParam* FindReferenced(const CParsePart& part, CProcessContext& context, CErrorText& errorText) {
-  const CParamQualifier* qualifier = nullptr;
-  errorText = ConstantQualifier(part, part.Name(), qualifier);
+  const CParamPath* path = nullptr;
+  errorText = ConstantPath(part, part.Name(), path);
   if (!errorText.empty()) return nullptr;
-  const CParam* found = std::as_const(context).Root().FindParam(*qualifier);
+  const CParam* found = std::as_const(context).Root().FindParam(*path);
   if (found == nullptr) errorText = ParamNotSetError(part, part.Value());
   return found;
 }
@@ -122,33 +125,44 @@ CErrorText EvaluateText(const CFunction& function, const CParsePart* part, WStri
   return AppendText(function, part, displayName, context, withoutValue, result);
 }
 
-CErrorText EvaluateQualifierInPlace(const CFunction& function, const CParsePart* part, WStringView displayName,
-                                    CProcessContext& context, WhenAbsent whenAbsent, CParamQualifier& storage,
-                                    const CParamQualifier*& qualifier, WString* evaluatedText) {
-  storage.clear();
-  qualifier = &storage;
+CErrorText EvaluateQualifier(const CFunction& function, const CParsePart* part, WStringView displayName,
+                             CProcessContext& context, WhenAbsent whenAbsent, CParamQualifier& qualifier,
+                             WString* evaluatedText) {
+  qualifier.clear();
   if (part == nullptr && whenAbsent == WhenAbsent::IsEmpty) return CErrorText();
   if (part != nullptr && part->Kind() == PartKind::ArgText) {
     if (evaluatedText != nullptr) evaluatedText->assign(part->Value());
-    const CParamQualifier* constant = nullptr;
-    CErrorText errorText = ConstantQualifier(*part, displayName, constant);
-    if (constant != nullptr) qualifier = constant;
+    const CParamPath* constant = nullptr;
+    CErrorText errorText = ConstantPath(*part, displayName, constant);
+    if (constant != nullptr) qualifier = constant->Components();
     return errorText;
   }
   WString text;
   CErrorText errorText = EvaluateText(function, part, displayName, context, WithoutValue::IsError, text);
-  if (errorText.empty()) errorText = ParseQualifier(text, displayName, *part, storage);
+  if (errorText.empty()) errorText = ParseQualifier(text, displayName, *part, qualifier);
   if (evaluatedText != nullptr) *evaluatedText = std::move(text);
   return errorText;
 }
 
-CErrorText EvaluateQualifier(const CFunction& function, const CParsePart* part, WStringView displayName,
-                             CProcessContext& context, WhenAbsent whenAbsent, CParamQualifier& qualifier,
-                             WString* evaluatedText) {
-  const CParamQualifier* evaluated = nullptr;
-  CErrorText errorText =
-      EvaluateQualifierInPlace(function, part, displayName, context, whenAbsent, qualifier, evaluated, evaluatedText);
-  if (evaluated != &qualifier) qualifier = *evaluated;
+CErrorText EvaluatePathInPlace(const CFunction& function, const CParsePart* part, WStringView displayName,
+                               CProcessContext& context, WhenAbsent whenAbsent, CEvaluatedPath& evaluated) {
+  evaluated.path = &evaluated.pathStorage;
+  evaluated.text = WStringView();
+  evaluated.pathStorage.Assign(CParamQualifier());
+  if (part == nullptr && whenAbsent == WhenAbsent::IsEmpty) return CErrorText();
+  if (part != nullptr && part->Kind() == PartKind::ArgText) {
+    evaluated.text = part->Value();
+    const CParamPath* constant = nullptr;
+    CErrorText errorText = ConstantPath(*part, displayName, constant);
+    if (constant != nullptr) evaluated.path = constant;
+    return errorText;
+  }
+  WString& text = evaluated.textStorage;
+  CParamQualifier qualifier;
+  CErrorText errorText = EvaluateText(function, part, displayName, context, WithoutValue::IsError, text);
+  if (errorText.empty()) errorText = ParseQualifier(text, displayName, *part, qualifier);
+  evaluated.text = text;
+  evaluated.pathStorage.Assign(std::move(qualifier));
   return errorText;
 }
 

@@ -18,6 +18,7 @@
 #include "engine/functions/argument_table.h"
 #include "engine/params/param.h"
 #include "engine/params/param_id.h"
+#include "engine/params/param_path.h"
 #include "engine/syntax/parse_part.h"
 #include "text/base/wide_string.h"
 #include "text/error_text.h"
@@ -94,12 +95,20 @@ CErrorText EvaluateQualifier(const CFunction& function, const CParsePart* part, 
                              CProcessContext& context, WhenAbsent whenAbsent, CParamQualifier& qualifier,
                              WString* evaluatedText = nullptr);
 
-// As EvaluateQualifier, without the copy: `qualifier` points to the parsed
-// reference, kept in the part for a constant text and in `storage` for any
-// other. Valid while the part and `storage` are.
-CErrorText EvaluateQualifierInPlace(const CFunction& function, const CParsePart* part, WStringView displayName,
-                                    CProcessContext& context, WhenAbsent whenAbsent, CParamQualifier& storage,
-                                    const CParamQualifier*& qualifier, WString* evaluatedText = nullptr);
+// A reference evaluated in place: the parsed path and the text it was
+// parsed from (for messages that name it), each kept in the part for a
+// constant text and in the storage here for any other.
+struct CEvaluatedPath {
+  const CParamPath* path = nullptr;
+  WStringView text;
+  CParamPath pathStorage;
+  WString textStorage;
+};
+
+// As EvaluateQualifier, without the copy and with the keys prepared.
+// `evaluated` is valid while the part is and until its next use.
+CErrorText EvaluatePathInPlace(const CFunction& function, const CParsePart* part, WStringView displayName,
+                               CProcessContext& context, WhenAbsent whenAbsent, CEvaluatedPath& evaluated);
 
 // Evaluates an argument into `target` (cleared first): a reference makes the
 // target a deep copy of the parameter it names, value and sub-parameters;

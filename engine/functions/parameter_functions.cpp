@@ -75,16 +75,13 @@ const CArgumentTable& CFunctionUse::Arguments() const {
 }
 
 CErrorText CFunctionUse::Execute(CProcessContext& context, WString& output) {
-  CParamQualifier storage;
-  const CParamQualifier* qualifier = nullptr;
-  WString text;
-  CErrorText errorText =
-      EvaluateQualifierInPlace(*this, param_, u"Param", context, WhenAbsent::IsError, storage, qualifier, &text);
+  CEvaluatedPath evaluated;
+  CErrorText errorText = EvaluatePathInPlace(*this, param_, u"Param", context, WhenAbsent::IsError, evaluated);
   if (!errorText.empty()) return errorText;
-  if (const CParam* found = FindExisting(context, *qualifier)) {
+  if (const CParam* found = context.Root().FindParam(*evaluated.path)) {
     found->AppendValueTo(output);
   } else if (skipIfMissing_ == nullptr) {
-    errorText = ParamNotSetError(*param_, text);
+    errorText = ParamNotSetError(*param_, evaluated.text);
   }
   return errorText;
 }

@@ -5,6 +5,7 @@
 
 #include "engine/params/fixed_size_pool.h"
 #include "engine/params/param_child_list.h"
+#include "engine/params/param_path.h"
 
 namespace NScrivolt {
 
@@ -180,9 +181,16 @@ const CParam* CParam::GetChild(const CParamId& id) const {
   return id.numbered ? GetByNumber(id.index) : FindKey(id.key);
 }
 
+// A list no other node shares is already this node's own: the child found
+// is the one to hand out, without a second lookup.
 CParam* CParam::GetChild(const CParamId& id, bool create) {
   if (id.numbered) return GetByNumber(id.index, create);
-  if (FindKey(id.key) == nullptr) return create ? AppendNamed(CParamId(id)) : nullptr;
+  const CParam* found = FindKey(id.key);
+  if (found == nullptr) return create ? AppendNamed(CParamId(id)) : nullptr;
+  if (!children_->Shared()) {
+    children_->SetOwner(this);
+    return const_cast<CParam*>(found);
+  }
   return OwnChildren()->FindKey(id.key);
 }
 
@@ -225,6 +233,19 @@ const CParam* CParam::FindParam(const CParamQualifier& qualifier) const {
 
 CParam* CParam::FindParam(const CParamQualifier& qualifier, bool create) {
   return Walk(qualifier.data(), qualifier.data() + qualifier.size(), create);
+}
+
+const CParam* CParam::FindParam(const CParamPath& path) const {
+  const CParamQualifier& components = path.Components();
+  const CParam* node = this;
+  for (std::size_t i = 0; node != nullptr && i < components.size(); ++i) {
+    if (components[i].numbered) {
+      node = node->GetByNumber(components[i].index);
+    } else {
+      node = node->children_ != nullptr ? node->children_->FindKey(path.Key(i)) : nullptr;
+    }
+  }
+  return node;
 }
 
 bool CParam::ParamExists(const CParamQualifier& qualifier) const {

@@ -73,6 +73,7 @@
 namespace NScrivolt {
 
 class CParamChildList;
+class CParamPath;
 
 class CParam final {
  public:
@@ -143,6 +144,8 @@ class CParam final {
   // With `create` every missing step is made.
   CParam* FindParam(const CParamQualifier& qualifier, bool create = false);
   const CParam* FindParam(const CParamQualifier& qualifier) const;
+  // As FindParam, with the keys of the named components prepared.
+  const CParam* FindParam(const CParamPath& path) const;
   bool ParamExists(const CParamQualifier& qualifier) const;
   // Removes the node the qualifier names, if it exists; the later siblings
   // move down one number. An empty qualifier names this node itself, which

@@ -57,6 +57,7 @@ class CParamChildList final {
 
   std::size_t Count() const { return live_; }
   CParam* FindKey(WStringView key);
+  CParam* FindKey(const CPreparedKey& key);
   // Whether a child that was given its name has the automatic key of
   // `number`; no automatic name can have it, as the number is new.
   bool HasNamedChildWithAutomaticKey(std::uint64_t number);
@@ -109,6 +110,9 @@ class CParamChildList final {
     return tags_[slot] == tag || (tags_[slot] == kAutomaticTag && lookup.automaticNumber != 0);
   }
 
+  // The child whose key `lookup` names, in a list of at most
+  // kLinearScanLimit children.
+  CParam* ScanForKey(const CKeyLookup& lookup);
   std::size_t Capacity() const { return spilled_ ? storage_.heap.capacity : kInlineSlots; }
   CParam** Slots() { return spilled_ ? storage_.heap.slots : storage_.inlineSlots; }
   CParam* const* Slots() const { return spilled_ ? storage_.heap.slots : storage_.inlineSlots; }

@@ -33,8 +33,9 @@ std::uint32_t CParamKeyIndex::HashOfKey(const CParam& node) {
   return Hash(node.KeyIn(buffer));
 }
 
-CParam* CParamKeyIndex::Find(const CKeyLookup& lookup) const {
-  const std::uint32_t hash = Hash(lookup.key);
+CPreparedKey::CPreparedKey(WStringView key) : lookup(key), hash(CParamKeyIndex::Hash(key)) {}
+
+CParam* CParamKeyIndex::Find(const CKeyLookup& lookup, std::uint32_t hash) const {
   for (std::size_t slot = Home(hash);; slot = (slot + 1) & Mask()) {
     CParam* node = nodes_[slot];
     if (node == nullptr) return nullptr;

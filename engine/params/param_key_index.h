@@ -18,18 +18,30 @@ namespace NScrivolt {
 
 class CParam;
 
+// A key looked up again and again (a component of a reference parsed once):
+// the lookup and its hash, computed once.
+struct CPreparedKey {
+  explicit CPreparedKey(WStringView key);
+
+  CKeyLookup lookup;
+  std::uint32_t hash;
+};
+
 class CParamKeyIndex {
  public:
   explicit CParamKeyIndex(std::size_t expectedCount);
 
-  CParam* Find(const CKeyLookup& lookup) const;
+  // The hash an entry of `key` is filed under.
+  static std::uint32_t Hash(WStringView key);
+
+  // `hash` is Hash(lookup.key).
+  CParam* Find(const CKeyLookup& lookup, std::uint32_t hash) const;
   // The node's key must not be in the index yet.
   void Insert(CParam* node);
   // Removes the node when it is in the index.
   void Erase(const CParam* node);
 
  private:
-  static std::uint32_t Hash(WStringView key);
   static std::uint32_t HashOfKey(const CParam& node);
   static std::size_t TableSizeFor(std::size_t count);
   std::size_t Mask() const { return nodes_.size() - 1; }

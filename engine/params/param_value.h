@@ -70,6 +70,9 @@ class alignas(4) CParamValue {
   // `scratch`. Empty when `from` is Size(). For a reader that can take a
   // long value in pieces, so that it is never widened whole.
   WStringView PieceIn(std::size_t from, WString& scratch) const;
+  // The units one byte each when the value is narrow (valid until the
+  // value changes); null when it is wide.
+  const unsigned char* NarrowData() const { return bytes_[0] == kHeapWide ? nullptr : NarrowUnits(); }
   bool Equals(WStringView text) const;
   // A-Z folded to lower case on both sides.
   bool EqualsIgnoringCase(WStringView text) const;
