@@ -72,7 +72,7 @@ class alignas(4) CParamValue {
   WStringView PieceIn(std::size_t from, WString& scratch) const;
   // The units one byte each when the value is narrow (valid until the
   // value changes); null when it is wide.
-  const unsigned char* NarrowData() const { return bytes_[0] == kHeapWide ? nullptr : NarrowUnits(); }
+  const unsigned char* NarrowData() const { return Wide() ? nullptr : NarrowUnits(); }
   bool Equals(WStringView text) const;
   // A-Z folded to lower case on both sides.
   bool EqualsIgnoringCase(WStringView text) const;

@@ -191,6 +191,8 @@ TEST(ParamValue, KeepsItsKindApartFromItsUnits) {
       EXPECT_EQ(value.Size(), text.size());
       EXPECT_EQ(value.Empty(), text.empty());
       EXPECT_EQ(value.ToString(), text);
+      const bool wide = !text.empty() && *std::max_element(text.begin(), text.end()) >= 0x100;
+      EXPECT_EQ(value.NarrowData() == nullptr, wide);
       const CParamValue copy(value);
       EXPECT_EQ(copy.Kind(), kind);
       EXPECT_EQ(copy.ToString(), text);
