@@ -56,6 +56,22 @@ void CParamChildList::MakeRoomForOne() {
   if (size_ == Capacity()) MoveSlots(spilled_ ? Capacity() * 2 : kFirstHeapSlots);
 }
 
+// A short list is scanned; it is compacted first, or the slots left by
+// removals would pile up in a list that keeps gaining and losing children
+// (the argument parameters of user-function calls) and every scan would
+// grow with the removals done so far.
+// Declared inline: both lookups take it in line, as they did when it was
+// their own body.
+inline CParam* CParamChildList::ScanForKey(const CKeyLookup& lookup) {
+  Normalize();
+  const std::uint8_t tag = Fold(lookup.tag);
+  CParam* const* slots = Slots();
+  for (std::size_t slot = 0; slot < size_; ++slot) {
+    if (MayHaveKey(slot, tag, lookup) && slots[slot]->HasKey(lookup)) return slots[slot];
+  }
+  return nullptr;
+}
+
 CParam* CParamChildList::FindKey(WStringView key) {
   const CKeyLookup lookup(key);
   if (live_ > kLinearScanLimit) return Index().Find(lookup, CParamKeyIndex::Hash(key));
@@ -65,20 +81,6 @@ CParam* CParamChildList::FindKey(WStringView key) {
 CParam* CParamChildList::FindKey(const CPreparedKey& key) {
   if (live_ > kLinearScanLimit) return Index().Find(key.lookup, key.hash);
   return ScanForKey(key.lookup);
-}
-
-// A short list is scanned; it is compacted first, or the slots left by
-// removals would pile up in a list that keeps gaining and losing children
-// (the argument parameters of user-function calls) and every scan would
-// grow with the removals done so far.
-CParam* CParamChildList::ScanForKey(const CKeyLookup& lookup) {
-  Normalize();
-  const std::uint8_t tag = Fold(lookup.tag);
-  CParam* const* slots = Slots();
-  for (std::size_t slot = 0; slot < size_; ++slot) {
-    if (MayHaveKey(slot, tag, lookup) && slots[slot]->HasKey(lookup)) return slots[slot];
-  }
-  return nullptr;
 }
 
 std::uint8_t CParamChildList::TagOf(const CParam& node) {
