@@ -6,17 +6,10 @@
 
 #include "engine/params/param_name.h"
 #include "text/base/utf8.h"
+#include "unit/param_test_util.h"
 
 namespace NScrivolt {
 namespace {
-
-CParamIdShare GivenId(const char16_t* name, const char16_t* key) {
-  CParamId id;
-  id.numbered = false;
-  id.name = name;
-  id.key = key;
-  return CParamIdShare::Make(std::move(id));
-}
 
 // What a name reads as, in one line.
 std::string Describe(const CParamName& name) {
@@ -38,7 +31,7 @@ TEST(ParamName, CopiesAndOwnIdsOfEveryKind) {
   };
   const Case cases[] = {
       {"none", [] { return CParamName(); }, "none", "", ""},
-      {"given", [] { return CParamName(GivenId(u"Street", u"street")); }, "given Street/street", "Street", "street"},
+      {"given", [] { return CParamName(SharedName(u"Street", u"street")); }, "given Street/street", "Street", "street"},
       {"automatic",
        [] {
          CParamName name;
@@ -74,7 +67,7 @@ TEST(ParamName, CopiesAndOwnIdsOfEveryKind) {
 }
 
 TEST(ParamName, SharesAGivenIdUntilOneHolderTakesItsOwn) {
-  const CParamIdShare id = GivenId(u"City", u"city");
+  const CParamIdShare id = SharedName(u"City", u"city");
   {
     CParamName first(id);
     const CParamName second(first);
@@ -97,7 +90,7 @@ TEST(ParamName, SharesAGivenIdUntilOneHolderTakesItsOwn) {
 }
 
 TEST(ParamName, AnIdOfItsOwnIsNotCopiedAgain) {
-  const CParamIdShare id = GivenId(u"Zip", u"zip");
+  const CParamIdShare id = SharedName(u"Zip", u"zip");
   CParamName name(id);
   CParamId& own = name.OwnId();
   EXPECT_EQ(&name.OwnId(), &own);

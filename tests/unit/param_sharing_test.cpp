@@ -106,14 +106,6 @@ TEST(ParamSharing, CopiesOfCopies) {
 namespace NScrivolt {
 namespace {
 
-CParamIdShare SharedName(const char16_t* name, const char16_t* key) {
-  CParamId id;
-  id.numbered = false;
-  id.name = name;
-  id.key = key;
-  return CParamIdShare::Make(std::move(id));
-}
-
 // Nodes made from one shared name each report their own position, a copy
 // of one keeps it, and the shared name itself never takes a position; a
 // key already taken gives the new child an automatic name, as AddChild by

@@ -21,6 +21,15 @@ inline CParamQualifier Ref(WStringView text) {
   return std::move(parse.qualifier);
 }
 
+// A name given to a node, as a decoder shares it between nodes.
+inline CParamIdShare SharedName(const char16_t* name, const char16_t* key) {
+  CParamId id;
+  id.numbered = false;
+  id.name = name;
+  id.key = key;
+  return CParamIdShare::Make(std::move(id));
+}
+
 // The direct children as "name=value" joined by ", ", in number order.
 inline std::string Children(const CParam& node) {
   std::string text;
