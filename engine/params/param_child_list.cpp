@@ -74,7 +74,7 @@ inline CParam* CParamChildList::ScanForKey(const CKeyLookup& lookup) {
 
 CParam* CParamChildList::FindKey(WStringView key) {
   const CKeyLookup lookup(key);
-  if (live_ > kLinearScanLimit) return Index().Find(lookup, CParamKeyIndex::Hash(key));
+  if (live_ > kLinearScanLimit) return Index().Find(lookup, CParamKeyIndex::Hash(lookup));
   return ScanForKey(lookup);
 }
 

@@ -6,6 +6,32 @@ namespace NScrivolt {
 
 namespace {
 constexpr std::size_t kMinTableSize = 16;
+// Marks the hash of an automatic-form key whose number is below it; other
+// keys' hashes leave it clear.
+constexpr std::uint32_t kExactBit = 0x80000000u;
+
+bool HasExactHash(std::uint64_t automaticNumber) { return automaticNumber != 0 && automaticNumber < kExactBit; }
+
+// A one-to-one mix of 31 bits (each step is invertible on them), so numbers
+// that step by a power of two still spread over the table's home slots.
+std::uint32_t MixNumber(std::uint64_t number) {
+  std::uint32_t x = std::uint32_t(number);
+  x = (x * 0x2c1b3c6du) & ~kExactBit;
+  x ^= x >> 15;
+  x = (x * 0x297a2d39u) & ~kExactBit;
+  x ^= x >> 13;
+  return x;
+}
+
+// FNV-1a over the code units, folded so the low bits depend on all of them.
+std::uint32_t HashText(WStringView key) {
+  std::uint64_t hash = 14695981039346656037ull;
+  for (WChar c : key) {
+    hash ^= c;
+    hash *= 1099511628211ull;
+  }
+  return std::uint32_t(hash ^ (hash >> 32)) & ~kExactBit;
+}
 }  // namespace
 
 CParamKeyIndex::CParamKeyIndex(std::size_t expectedCount)
@@ -18,28 +44,27 @@ std::size_t CParamKeyIndex::TableSizeFor(std::size_t count) {
   return size;
 }
 
-// FNV-1a over the code units, folded so the low bits depend on all of them.
-std::uint32_t CParamKeyIndex::Hash(WStringView key) {
-  std::uint64_t hash = 14695981039346656037ull;
-  for (WChar c : key) {
-    hash ^= c;
-    hash *= 1099511628211ull;
-  }
-  return std::uint32_t(hash ^ (hash >> 32));
+std::uint32_t CParamKeyIndex::Hash(const CKeyLookup& lookup) {
+  if (HasExactHash(lookup.automaticNumber)) return kExactBit | MixNumber(lookup.automaticNumber);
+  return HashText(lookup.key);
 }
 
 std::uint32_t CParamKeyIndex::HashOfKey(const CParam& node) {
+  if (node.HasAutomaticName() && HasExactHash(node.AutomaticNumber())) {
+    return kExactBit | MixNumber(node.AutomaticNumber());
+  }
   AutomaticKeyBuffer buffer;
-  return Hash(node.KeyIn(buffer));
+  return Hash(CKeyLookup(node.KeyIn(buffer)));
 }
 
-CPreparedKey::CPreparedKey(WStringView key) : lookup(key), hash(CParamKeyIndex::Hash(key)) {}
+CPreparedKey::CPreparedKey(WStringView key) : lookup(key), hash(CParamKeyIndex::Hash(lookup)) {}
 
 CParam* CParamKeyIndex::Find(const CKeyLookup& lookup, std::uint32_t hash) const {
+  const bool exact = (hash & kExactBit) != 0;
   for (std::size_t slot = Home(hash);; slot = (slot + 1) & Mask()) {
     CParam* node = nodes_[slot];
     if (node == nullptr) return nullptr;
-    if (hashes_[slot] == hash && node->HasKey(lookup)) return node;
+    if (hashes_[slot] == hash && (exact || node->HasKey(lookup))) return node;
   }
 }
 

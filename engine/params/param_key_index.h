@@ -2,9 +2,14 @@
 //
 // Open addressing with linear probing over a power-of-two table of node
 // pointers. The key of an entry is read from the node itself, so every key
-// is held once, in the node (an automatic one as its number). Beside each pointer the table keeps 32
-// bits of the key's hash, so a probe reads a node only when those match. The
-// table stays at most half full: about 24 bytes per child.
+// is held once, in the node (an automatic one as its number). Beside each
+// pointer the table keeps 32 bits of the key's hash, so a probe reads a node
+// only when those match. A key of the automatic form with a number below
+// 2^31 ("param17", the key of most numbered children) is hashed from its
+// number by a one-to-one mix and marked by the top bit: for it, equal hashes
+// mean equal keys, and a lookup finds the node without reading it (nor the
+// block an automatic name written out is kept in). The table stays at most
+// half full: about 24 bytes per child.
 #pragma once
 
 #include <cstddef>
@@ -31,10 +36,10 @@ class CParamKeyIndex {
  public:
   explicit CParamKeyIndex(std::size_t expectedCount);
 
-  // The hash an entry of `key` is filed under.
-  static std::uint32_t Hash(WStringView key);
+  // The hash an entry of the looked-up key is filed under.
+  static std::uint32_t Hash(const CKeyLookup& lookup);
 
-  // `hash` is Hash(lookup.key).
+  // `hash` is Hash(lookup).
   CParam* Find(const CKeyLookup& lookup, std::uint32_t hash) const;
   // The node's key must not be in the index yet.
   void Insert(CParam* node);

@@ -221,5 +221,31 @@ TEST(ParamChildList, KeysWithTheSameDigestAreToldApartAtAnyLength) {
   }
 }
 
+// Names of the automatic form are found by their number: around 2^31, where
+// the index stops telling them apart by the number alone, and beside
+// numbered children whose numbers share the low bits of a larger one.
+TEST(ParamChildList, NamesOfTheAutomaticFormAreEachFoundAsTheirOwn) {
+  const WString givenKeys[] = {
+      u"param2147483647", u"param2147483648", u"param4294967313", u"param017", u"param0", u"param",
+  };
+  for (std::size_t length : kBoundaryLengths) {
+    const std::string what = "length " + std::to_string(length);
+    CParam node;
+    std::vector<std::pair<WString, const CParam*>> expected;
+    for (std::size_t i = 0; i < length; ++i) {
+      const CParam* numbered = node.AppendNumbered();
+      expected.emplace_back(ToLowerAscii(numbered->GetId().name), numbered);
+    }
+    for (const WString& key : givenKeys) expected.emplace_back(key, node.GetChildByName(key, true));
+    const CParam* low = node.GetChildByName(u"param17", true);
+    expected.emplace_back(u"param17", low);
+    for (const auto& [key, child] : expected) {
+      EXPECT_EQ(node.GetChildByName(key), child) << what << ": " << WideToUtf8(key);
+    }
+    EXPECT_EQ(node.GetChildByName(u"param2147483646"), nullptr) << what;
+    EXPECT_EQ(node.GetChildByName(u"param8589934609"), nullptr) << what;  // 2^33 + 17
+  }
+}
+
 }  // namespace
 }  // namespace NScrivolt
