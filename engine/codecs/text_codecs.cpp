@@ -43,25 +43,6 @@ WString XmlDecode(WStringView text) {
                       {{u"&lt;", u"<"}, {u"&gt;", u">"}, {u"&quot;", u"\""}, {u"&apos;", u"'"}, {u"&amp;", u"&"}});
 }
 
-// One pass, for the same reason as XmlEncode.
-void AppendHtmlEncoded(WStringView text, WString& output) {
-  std::size_t plainFrom = 0;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    WStringView entity;
-    switch (text[i]) {
-      case u'&': entity = u"&amp;"; break;
-      case u'<': entity = u"&lt;"; break;
-      case u'>': entity = u"&gt;"; break;
-      case u'"': entity = u"&quot;"; break;
-      default: continue;
-    }
-    output.append(text, plainFrom, i - plainFrom);
-    output += entity;
-    plainFrom = i + 1;
-  }
-  output.append(text, plainFrom, WStringView::npos);
-}
-
 namespace {
 
 // The entity HTML encoding writes for a unit below 0x100; empty for one it
@@ -82,6 +63,20 @@ constexpr std::size_t kNarrowBlockUnits = 256;
 constexpr std::size_t kLongestEntity = 6;
 
 }  // namespace
+
+// One pass, for the same reason as XmlEncode.
+void AppendHtmlEncoded(WStringView text, WString& output) {
+  std::size_t plainFrom = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] >= kHtmlEntities.size()) continue;
+    const WStringView entity = kHtmlEntities[text[i]];
+    if (entity.empty()) continue;
+    output.append(text, plainFrom, i - plainFrom);
+    output += entity;
+    plainFrom = i + 1;
+  }
+  output.append(text, plainFrom, WStringView::npos);
+}
 
 // The units are widened and encoded in one pass into a local block, which
 // goes to `output` whenever it is nearly full: no widened copy of the text
